@@ -1,0 +1,53 @@
+// The process-wide defaults of all grids.
+#pragma once
+
+#include <ostrel/platform/base/Export.h>
+
+class CFont;
+
+namespace Ostrel::GUI
+{
+class CAppearance;
+class ICellPaintFormat;
+class IColumnPaintFormat;
+class ICustomDraw;
+class IHeaderPaintFormat;
+class IKeyManager;
+class ILinePaintFormat;
+
+/// Defaults that a grid uses where the application has set nothing of its own. Everything returned lives until the
+/// process ends. The threading mode may be read on any thread; the rest belongs to the thread of the grids.
+class OSTREL_GUI_API CPreferences
+{
+public:
+    /// Who reads the values of data objects.
+    enum ThreadingMode
+    {
+        /// The grid's thread reads them when it needs them: the application makes its getters safe for that.
+        DirectRead = 0,
+        /// The notifying thread reads them and sends copies along: the grid's thread never touches the object.
+        SnapshotOnNotify = 1,
+    };
+
+    CPreferences() = delete;
+
+    static ThreadingMode GetThreadingMode() noexcept;
+    static void SetThreadingMode(ThreadingMode mode) noexcept;
+
+    /// The font of grids without their own; at first a copy of the system's default font.
+    static CFont* GetFont();
+    /// Does not take ownership; must outlive the grids. Null goes back to the system's default font.
+    static void SetFont(CFont* font);
+
+    /// Copied into each new grid; may be changed in place.
+    static CAppearance& GetDefaultAppearance();
+    static void SetDefaultAppearance(CAppearance& appearance);
+
+    static ICustomDraw* GetDefaultCustomDraw();
+    static ILinePaintFormat* GetDefaultLinePaintFormat();
+    static ICellPaintFormat* GetDefaultCellPaintFormat();
+    static IHeaderPaintFormat* GetDefaultHeaderPaintFormat();
+    static IColumnPaintFormat* GetDefaultColumnPaintFormat();
+    static IKeyManager* GetDefaultKeyManager();
+};
+} // namespace Ostrel::GUI
