@@ -1,0 +1,31 @@
+// Brushes: the colour of fills.
+#pragma once
+
+#include <ostrel/platform/drawing/GdiObject.h>
+
+class OSTREL_PLATFORM_API CBrush : public CGdiObject
+{
+public:
+    CBrush() noexcept = default;
+    explicit CBrush(COLORREF color) { CreateSolidBrush(color); }
+    ~CBrush() override { DeleteObject(); }
+
+    BOOL CreateSolidBrush(COLORREF color);
+    /// A brush that paints nothing.
+    BOOL CreateHollowBrush();
+    /// A system colour (COLOR_*) as it is now; FALSE for an unknown number.
+    BOOL CreateSysColorBrush(int colorIndex);
+
+    /// True when the brush paints nothing; so does one that was never created.
+    [[nodiscard]] bool IsHollow() const noexcept { return m_hollow; }
+    [[nodiscard]] COLORREF GetColor() const noexcept { return m_color; }
+
+    operator HBRUSH() const noexcept { return static_cast<HBRUSH>(GetSafeHandle()); }
+    [[nodiscard]] static CBrush* FromHandle(HBRUSH handle) noexcept;
+
+private:
+    void OnDelete() noexcept override { m_hollow = true; }
+
+    bool m_hollow = true;
+    COLORREF m_color = 0;
+};

@@ -1,0 +1,217 @@
+// The device context: what all painting goes through. Coordinates are whole pixels; lines, frames and fills are never
+// smoothed. Between the caller's coordinates and those of the target lie the target's origin (a child window in the
+// back buffer of its top-level window) and the viewport origin.
+//
+//     CDC memory;
+//     memory.CreateCompatibleDC(&dc);
+//     CBitmap* before = memory.SelectObject(&bitmap);
+//     memory.FillSolidRect(rect, RGB(255, 255, 255));
+//     memory.SelectObject(before);
+//
+// Selecting returns what was selected before (a stock object at first). What is selected is copied or shared, so the
+// objects need not outlive the context. A context without a target accepts every call and draws nothing. One thread.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include <ostrel/platform/base/String.h>
+#include <ostrel/platform/drawing/Bitmap.h>
+#include <ostrel/platform/drawing/Brush.h>
+#include <ostrel/platform/drawing/DrawTarget.h>
+#include <ostrel/platform/drawing/Font.h>
+#include <ostrel/platform/drawing/Pen.h>
+#include <ostrel/platform/drawing/Rgn.h>
+
+class OSTREL_PLATFORM_API CDC
+{
+public:
+    CDC();
+    virtual ~CDC();
+    CDC(CDC const&) = delete;
+    CDC& operator=(CDC const&) = delete;
+
+    /// Becomes a memory context with a target of one pixel, until a bitmap is selected. `like` may be null.
+    BOOL CreateCompatibleDC(CDC const* like);
+    BOOL DeleteDC();
+
+    /// A handle made on first use; it finds the context while that lives.
+    [[nodiscard]] HDC GetSafeHdc();
+    [[nodiscard]] static CDC* FromHandle(HDC handle) noexcept;
+
+    /// Draws on a surface, which must stay until Detach or the destructor: (0, 0) of the caller lies at `origin`, and
+    /// only the pixels of `visible` (both in the surface's coordinates) can be touched. Everything else begins anew.
+    void AttachSurface(Ostrel::Platform::Surface& surface, CPoint origin, Ostrel::Platform::Region const& visible);
+    void AttachSurface(Ostrel::Platform::Surface& surface);
+    /// The same for any target; takes ownership.
+    void AttachTarget(std::unique_ptr<Ostrel::Platform::DrawTarget> target, CPoint origin,
+                      Ostrel::Platform::Region const& visible);
+    void Detach();
+    [[nodiscard]] Ostrel::Platform::DrawTarget* GetTarget() const noexcept { return m_target.get(); }
+
+    [[nodiscard]] int GetDeviceCaps(int index) const noexcept;
+
+    // State. SaveDC returns a number for RestoreDC; RestoreDC(-1) undoes the last one. FALSE for a number never given.
+    int SaveDC();
+    BOOL RestoreDC(int saved);
+
+    // Selection. Null changes nothing and returns null; so does a bitmap for a context that is not a memory context.
+    CPen* SelectObject(CPen* pen);
+    CBrush* SelectObject(CBrush* brush);
+    CFont* SelectObject(CFont* font);
+    CBitmap* SelectObject(CBitmap* bitmap);
+    CGdiObject* SelectObject(CGdiObject* object);
+    HGDIOBJ SelectObject(HGDIOBJ handle);
+    /// Regions become the clip; the result is the kind of region, as from SelectClipRgn.
+    int SelectObject(CRgn* region) { return SelectClipRgn(region); }
+    CGdiObject* SelectStockObject(int number);
+    [[nodiscard]] CFont* GetCurrentFont() const noexcept;
+    [[nodiscard]] CBitmap* GetCurrentBitmap() const noexcept;
+
+    // Attributes. Setters return the previous value.
+    COLORREF SetTextColor(COLORREF color) noexcept;
+    [[nodiscard]] COLORREF GetTextColor() const noexcept { return m_state.textColor; }
+    COLORREF SetBkColor(COLORREF color) noexcept;
+    [[nodiscard]] COLORREF GetBkColor() const noexcept { return m_state.backColor; }
+    int SetBkMode(int mode) noexcept;
+    [[nodiscard]] int GetBkMode() const noexcept { return m_state.backMode; }
+    int SetStretchBltMode(int mode) noexcept;
+    [[nodiscard]] int GetStretchBltMode() const noexcept { return m_state.stretchMode; }
+    CPoint SetViewportOrg(int x, int y) noexcept;
+    CPoint SetViewportOrg(POINT origin) noexcept { return SetViewportOrg(origin.x, origin.y); }
+    CPoint OffsetViewportOrg(int dx, int dy) noexcept;
+    [[nodiscard]] CPoint GetViewportOrg() const noexcept { return m_state.viewport; }
+
+    // Clip. Each returns the kind of the resulting region (NULLREGION, SIMPLEREGION, COMPLEXREGION).
+    int IntersectClipRect(int left, int top, int right, int bottom);
+    int IntersectClipRect(RECT const* rect);
+    int ExcludeClipRect(int left, int top, int right, int bottom);
+    int ExcludeClipRect(RECT const* rect);
+    /// Null takes all restrictions back. Regions are in the target's coordinates less the target's origin.
+    int SelectClipRgn(CRgn* region);
+    int SelectClipRgn(CRgn* region, int mode);
+    /// The bounds of what can be touched, in the caller's coordinates.
+    int GetClipBox(RECT* box) const noexcept;
+    /// Whether a pixel of the rectangle can be touched.
+    [[nodiscard]] BOOL RectVisible(RECT const* rect) const noexcept;
+    [[nodiscard]] BOOL PtVisible(POINT point) const noexcept;
+
+    // Fills and frames
+    void FillSolidRect(RECT const* rect, COLORREF color);
+    void FillSolidRect(RECT const& rect, COLORREF color) { FillSolidRect(&rect, color); }
+    void FillSolidRect(int x, int y, int width, int height, COLORREF color);
+    void FillRect(RECT const* rect, CBrush* brush);
+    void FrameRect(RECT const* rect, CBrush* brush);
+    void InvertRect(RECT const* rect);
+    /// Lays a colour over the rectangle; 0 changes nothing, 255 is a fill.
+    void BlendRect(RECT const& rect, COLORREF color, BYTE opacity);
+    /// One pixel: left and top edge in the first colour, right and bottom edge in the second.
+    void Draw3dRect(RECT const* rect, COLORREF topLeft, COLORREF bottomRight);
+    void Draw3dRect(int x, int y, int width, int height, COLORREF topLeft, COLORREF bottomRight);
+    /// A dotted frame inside the rectangle.
+    void DrawFocusRect(RECT const* rect);
+    /// The system look's edges (EDGE_*, BF_*) and controls (DFC_*, DFCS_*).
+    BOOL DrawEdge(RECT* rect, UINT edge, UINT flags);
+    BOOL DrawFrameControl(RECT* rect, UINT type, UINT state);
+
+    // Lines with the pen. The end point is not drawn. A dotted pen sets the pixels with an even x + y, counted on
+    // horizontal and vertical lines in that direction only: even x, or even y.
+    CPoint MoveTo(int x, int y) noexcept;
+    CPoint MoveTo(POINT point) noexcept { return MoveTo(point.x, point.y); }
+    [[nodiscard]] CPoint GetCurrentPosition() const noexcept { return m_state.position; }
+    BOOL LineTo(int x, int y);
+    BOOL LineTo(POINT point) { return LineTo(point.x, point.y); }
+    BOOL Polyline(POINT const* points, int count);
+    // Shapes: the inside with the brush, the outline with the pen.
+    BOOL Polygon(POINT const* points, int count);
+    BOOL Rectangle(int left, int top, int right, int bottom);
+    BOOL Rectangle(RECT const* rect);
+
+    // Text in the font, colour and background mode of the context
+    /// Returns the height of the text. Multi-line unless DT_SINGLELINE; `&` marks the next letter with a line under it
+    /// unless DT_NOPREFIX. A length of -1 counts up to the terminating zero. DT_CALCRECT only fits the rectangle to the
+    /// text (with DT_WORDBREAK below its width).
+    int DrawText(LPCSTR text, int length, RECT* rect, UINT format);
+    int DrawText(CString const& text, RECT* rect, UINT format);
+    int DrawText(std::string_view text, RECT const& rect, UINT format);
+    BOOL TextOut(int x, int y, LPCSTR text, int length);
+    BOOL TextOut(int x, int y, CString const& text);
+    [[nodiscard]] CSize GetTextExtent(LPCSTR text, int length);
+    [[nodiscard]] CSize GetTextExtent(CString const& text);
+    BOOL GetTextMetrics(TEXTMETRIC* metrics);
+
+    // Pixels and pictures
+    /// Return the colour, CLR_INVALID outside the clip.
+    COLORREF SetPixel(int x, int y, COLORREF color);
+    [[nodiscard]] COLORREF GetPixel(int x, int y) const noexcept;
+    /// SRCCOPY only; PATCOPY and DSTINVERT need no source. Overlapping moves within one surface are right.
+    BOOL BitBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, DWORD operation);
+    BOOL PatBlt(int x, int y, int width, int height, DWORD operation);
+    /// Takes the nearest pixel, or averages in mode HALFTONE. FALSE for sizes below 1.
+    BOOL StretchBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, int sourceWidth,
+                    int sourceHeight, DWORD operation);
+    BOOL TransparentBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, int sourceWidth,
+                        int sourceHeight, COLORREF key);
+    BOOL AlphaBlend(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, int sourceWidth,
+                    int sourceHeight, BLENDFUNCTION blend);
+    /// Rectangles only (GRADIENT_FILL_RECT_H, GRADIENT_FILL_RECT_V).
+    BOOL GradientFill(TRIVERTEX const* corners, unsigned cornerCount, GRADIENT_RECT const* rects, unsigned rectCount,
+                      DWORD mode);
+    /// A rectangle of a surface at a point, mixed as the mode says.
+    void DrawSurface(Ostrel::Platform::Surface const& source, CRect const& from, CPoint to,
+                     Ostrel::Platform::PictureMode const& mode);
+
+private:
+    struct State
+    {
+        CPen* pen = nullptr; ///< given back by the next selection, never read
+        int penStyle = 0;
+        int penWidth = 1;
+        COLORREF penColor = 0;
+        CBrush* brush = nullptr;
+        bool brushHollow = false;
+        COLORREF brushColor = 0;
+        CFont* font = nullptr;
+        Ostrel::Platform::FontId fontId = 0;
+        COLORREF textColor = 0;
+        COLORREF backColor = 0;
+        int backMode = OPAQUE;
+        int stretchMode = COLORONCOLOR;
+        CPoint viewport;
+        CPoint position;
+        Ostrel::Platform::Region clip; ///< within what is visible, in the target's coordinates
+    };
+
+    struct TextBlock;
+
+    void SelectStockObjects();
+    void Reset(CPoint origin, Ostrel::Platform::Region const& visible);
+    [[nodiscard]] CPoint Shift() const noexcept
+    {
+        return {m_origin.x + m_state.viewport.x, m_origin.y + m_state.viewport.y};
+    }
+    [[nodiscard]] CRect ToTarget(RECT const& rect) const noexcept { return CRect(rect) + Shift(); }
+    [[nodiscard]] Ostrel::Platform::ClipRects Clip() const noexcept { return m_state.clip.Rects(); }
+    [[nodiscard]] bool CanDraw() const noexcept { return m_target != nullptr && !m_state.clip.IsEmpty(); }
+    void FillTarget(CRect const& rect, COLORREF color);
+    void Segment(CPoint from, CPoint to);
+    void ThickSegment(CPoint from, CPoint to);
+    [[nodiscard]] int DottedPhase(bool horizontal, CPoint at) const noexcept;
+    [[nodiscard]] bool CopyPicture(CRect const& to, CDC* source, CRect const& from,
+                                   Ostrel::Platform::PictureMode const& mode);
+    int DrawBlock(TextBlock const& block, CRect& rect, UINT format);
+    int DrawTextBlock(std::string_view text, RECT* rect, UINT format);
+    void DrawOneLine(std::string_view text, int underlined, CRect const& box, int top, UINT format,
+                     Ostrel::Platform::ClipRects clip);
+
+    std::unique_ptr<Ostrel::Platform::DrawTarget> m_target;
+    Ostrel::Platform::Region m_visible;
+    CPoint m_origin;
+    State m_state;
+    std::vector<State> m_saved;
+    bool m_isMemory = false;
+    CBitmap* m_bitmap = nullptr;
+    std::shared_ptr<Ostrel::Platform::Surface> m_pixels; ///< of the selected bitmap
+    HDC m_handle = nullptr;
+};

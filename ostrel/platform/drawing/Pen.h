@@ -1,0 +1,32 @@
+// Pens: the colour, width and pattern of lines and outlines.
+#pragma once
+
+#include <ostrel/platform/drawing/GdiObject.h>
+
+inline constexpr int PS_SOLID = 0;
+inline constexpr int PS_DOT = 2; ///< every other pixel; always one pixel wide
+inline constexpr int PS_NULL = 5;
+inline constexpr int PS_ALTERNATE = 8; ///< the same as PS_DOT
+
+class OSTREL_PLATFORM_API CPen : public CGdiObject
+{
+public:
+    CPen() noexcept = default;
+    CPen(int style, int width, COLORREF color) { CreatePen(style, width, color); }
+    ~CPen() override { DeleteObject(); }
+
+    /// Width in pixels; 0 and negative widths count as 1.
+    BOOL CreatePen(int style, int width, COLORREF color);
+
+    [[nodiscard]] int GetStyle() const noexcept { return m_style; }
+    [[nodiscard]] int GetWidth() const noexcept { return m_width; }
+    [[nodiscard]] COLORREF GetColor() const noexcept { return m_color; }
+
+    operator HPEN() const noexcept { return static_cast<HPEN>(GetSafeHandle()); }
+    [[nodiscard]] static CPen* FromHandle(HPEN handle) noexcept;
+
+private:
+    int m_style = PS_NULL;
+    int m_width = 1;
+    COLORREF m_color = 0;
+};

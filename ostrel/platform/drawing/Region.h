@@ -1,0 +1,66 @@
+// A set of pixels as disjoint rectangles: clips, update regions, what a display has to present.
+//
+// The rectangles are kept in bands: ordered from top to bottom and from left to right, those of a band with the same
+// top and bottom, touching neighbours joined. Equal sets therefore have equal lists. A region of one rectangle (the
+// usual one) allocates nothing.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/Geometry.h>
+
+namespace Ostrel::Platform
+{
+
+class OSTREL_PLATFORM_API Region
+{
+public:
+    Region() noexcept = default;
+    /// One rectangle; empty when the rectangle is.
+    explicit Region(CRect const& rect) noexcept;
+
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_bounds.IsRectEmpty(); }
+    /// True when the region is one rectangle.
+    [[nodiscard]] bool IsRect() const noexcept { return !IsEmpty() && m_rects.empty(); }
+    /// The smallest rectangle that holds the region; all zero when it is empty.
+    [[nodiscard]] CRect const& Bounds() const noexcept { return m_bounds; }
+    /// The rectangles in their order; valid until the next change.
+    [[nodiscard]] std::span<CRect const> Rects() const noexcept;
+
+    [[nodiscard]] bool Contains(CPoint point) const noexcept;
+    /// Every pixel of the rectangle; an empty rectangle is in no region.
+    [[nodiscard]] bool Contains(CRect const& rect) const noexcept;
+    /// At least one pixel of the rectangle.
+    [[nodiscard]] bool Intersects(CRect const& rect) const noexcept;
+
+    void Clear() noexcept;
+    void Set(CRect const& rect) noexcept;
+    void Union(CRect const& rect);
+    void Union(Region const& other);
+    void Subtract(CRect const& rect);
+    void Subtract(Region const& other);
+    void Intersect(CRect const& rect);
+    void Intersect(Region const& other);
+    void Xor(Region const& other);
+    void Offset(int dx, int dy) noexcept;
+
+    friend bool operator==(Region const& a, Region const& b) noexcept;
+
+private:
+    enum class Operation
+    {
+        Union,
+        Subtract,
+        Intersect,
+        Xor
+    };
+    void Combine(std::span<CRect const> other, Operation operation);
+    void Adopt(std::vector<CRect>& rects) noexcept;
+
+    CRect m_bounds;
+    std::vector<CRect> m_rects; ///< empty when the region is m_bounds alone
+};
+
+} // namespace Ostrel::Platform
