@@ -1,0 +1,148 @@
+// One column of a grid: the field it shows, its title, width and alignment, and the formats that turn values into text
+// and draw them.
+//
+//     auto* column = new CColumn(kPriceFid, "Price", 80, CColumn::AlignRight, false, -1, -1, nullptr, nullptr, nullptr,
+//     ""); header->Add(column); // the header owns it now
+//
+// Threads: every operation may be called on any thread; each reads or changes one property as a whole. The getters of
+// plain properties take no lock at all, so that painting may ask them for every cell. Subscribers are called on the
+// thread that made the change, with no lock of the column held: they may call the column back.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/Object.h>
+
+namespace Ostrel::Common
+{
+class CFormat;
+}
+
+namespace Ostrel::GUI
+{
+
+class ICellPaintFormat;
+class IColumnPaintFormat;
+
+class OSTREL_GUI_API CColumn : public CObject
+{
+    DECLARE_SERIAL(CColumn)
+
+public:
+    /// Of the text in its cell; titles take AlignAuto as left.
+    enum Alignment : int
+    {
+        AlignAuto = 0, ///< numbers right, everything else left
+        AlignLeft = 1,
+        AlignRight = 2,
+        AlignCenter = 3
+    };
+
+    /// What has changed.
+    enum NotificationType : int
+    {
+        NameChanged = 0,
+        WidthChanged = 1,
+        AlignmentChanged = 2,
+        DescriptionChanged = 3,
+        CellPaintFormatChanged = 4,
+        ColumnPaintFormatChanged = 5,
+        TextFormatChanged = 6,
+        CellImageChanged = 7,
+        ColumnImageChanged = 8,
+        VisibilityChanged = 9,
+        EditabilityChanged = 10
+    };
+
+    /// Hears of changes of columns.
+    class OSTREL_GUI_API INotify
+    {
+    public:
+        INotify() = default;
+        INotify(INotify const&) = default;
+        INotify& operator=(INotify const&) = default;
+        virtual ~INotify() = default;
+
+        /// On the thread of the change, after it. May call the column, and subscribe and unsubscribe.
+        virtual void OnColumnChanged(CColumn* column, NotificationType type) = 0;
+    };
+
+    /// Takes ownership of the three formats; each may be null: the text format then is the field's own, the paint
+    /// formats are the defaults. Image indices are -1 for none. The column is visible.
+    CColumn(long fid, std::string const& name, int width, Alignment alignment, bool editable, int cellImageId,
+            int columnImageId, Common::CFormat const* textFormat, ICellPaintFormat const* cellPaintFormat,
+            IColumnPaintFormat const* columnPaintFormat, std::string const& description);
+    /// Copies everything but the subscribers; the formats are cloned. Assigning deletes the formats that the column had
+    /// and notifies nobody, so assign to a column before a header has it.
+    CColumn(CColumn const& other);
+    CColumn& operator=(CColumn const& other);
+    ~CColumn() override;
+
+    [[nodiscard]] long GetFid() const noexcept;
+
+    /// The reference is good until the name has been changed twice.
+    [[nodiscard]] std::string const& GetName() const;
+    void SetName(std::string const& name);
+
+    [[nodiscard]] std::string GetDescription() const;
+    void SetDescription(std::string const& description);
+
+    /// In pixels.
+    [[nodiscard]] int GetWidth() const noexcept;
+    /// False, and nothing changes, for a width below 1.
+    bool SetWidth(int width);
+
+    [[nodiscard]] Alignment GetAlignment() const noexcept;
+    void SetAlignment(Alignment alignment);
+
+    /// Null for the field's own format. The column keeps ownership.
+    [[nodiscard]] Common::CFormat const* GetTextFormat() const noexcept;
+    /// Takes ownership. Returns the previous format, which the caller then owns. Setting the format that is set changes
+    /// nothing; the pointer comes back and still belongs to the column.
+    Common::CFormat const* SetTextFormat(Common::CFormat const* format);
+
+    /// As with the text format; null for the default paint format.
+    [[nodiscard]] ICellPaintFormat const* GetCellPaintFormat() const noexcept;
+    ICellPaintFormat const* SetCellPaintFormat(ICellPaintFormat const* format);
+    [[nodiscard]] IColumnPaintFormat const* GetColumnPaintFormat() const noexcept;
+    IColumnPaintFormat const* SetColumnPaintFormat(IColumnPaintFormat const* format);
+
+    /// Image shown in the cells, -1 for none.
+    [[nodiscard]] int GetCellImageId() const noexcept;
+    void SetCellImageId(int imageId);
+    /// Image shown in the title, -1 for none.
+    [[nodiscard]] int GetColumnImageId() const noexcept;
+    void SetColumnImageId(int imageId);
+
+    [[nodiscard]] bool IsVisible() const noexcept;
+    void SetVisible(bool visible);
+    /// Whether the cells may be edited in place.
+    [[nodiscard]] bool IsEditable() const noexcept;
+    void SetEditable(bool editable);
+
+    /// Does not take ownership; null and a subscriber that is there already are ignored. Called in the order of
+    /// subscription.
+    void Subscribe(INotify* subscriber);
+    void Unsubscribe(INotify* subscriber);
+
+    /// Loading throws CArchiveException: badSchema for a newer version, a paint format of unknown name or a damaged
+    /// text format, endOfFile for an archive that ends too early; the column then holds what was read so far. A text
+    /// format of unknown name is skipped. Loading notifies nobody.
+    void Serialize(CArchive& archive) override;
+    [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
+
+protected:
+    /// For the creation by name: no field, no name, width 0, aligned left, visible, not editable.
+    CColumn();
+
+    /// Tells the subscribers, on a copy of their list.
+    void Notify(NotificationType type);
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> const m_impl;
+};
+
+} // namespace Ostrel::GUI

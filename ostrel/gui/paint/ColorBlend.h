@@ -1,0 +1,40 @@
+// A translucent colour: the unit in which every overlay of a grid is given. A plain value.
+#pragma once
+
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/Types.h>
+
+class CArchive;
+
+namespace Ostrel::GUI
+{
+
+class OSTREL_GUI_API CColorBlend
+{
+public:
+    /// White without effect.
+    CColorBlend() noexcept = default;
+    CColorBlend(unsigned long color, unsigned char opacity) noexcept
+        : m_color(static_cast<COLORREF>(color)), m_opacity(opacity)
+    {}
+
+    /// 0x00BBGGRR.
+    [[nodiscard]] unsigned long GetColor() const noexcept { return m_color; }
+    void SetColor(unsigned long color) noexcept { m_color = static_cast<COLORREF>(color); }
+    /// 0 has no effect, 255 shows the colour alone.
+    [[nodiscard]] unsigned char GetOpacity() const noexcept { return m_opacity; }
+    void SetOpacity(unsigned char opacity) noexcept { m_opacity = opacity; }
+
+    friend bool operator==(CColorBlend const&, CColorBlend const&) noexcept = default;
+
+    /// 9 bytes: 32-bit version, 32-bit colour, 8-bit opacity. Loading throws CArchiveException (badSchema) for a newer
+    /// version; a version below 1 reads nothing further. Nothing changes in either case.
+    void Serialize(CArchive& archive);
+    [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
+
+private:
+    COLORREF m_color = 0xFFFFFF;
+    BYTE m_opacity = 0;
+};
+
+} // namespace Ostrel::GUI

@@ -1,0 +1,37 @@
+// What draws the titles of columns.
+#pragma once
+
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/String.h>
+
+class CArchive;
+
+namespace Ostrel::GUI
+{
+
+class CColumnPaintInfo;
+class CPaintContext;
+
+/// Draws column titles, on the grid's thread, inside a paint pass; `filter` is a set of the bits of PaintFilter. A
+/// format that tells its name and is registered under it with CPaintFormatFactory is kept in archives.
+class OSTREL_GUI_API IColumnPaintFormat
+{
+public:
+    IColumnPaintFormat() = default;
+    IColumnPaintFormat(IColumnPaintFormat const&) = default;
+    IColumnPaintFormat& operator=(IColumnPaintFormat const&) = default;
+    virtual ~IColumnPaintFormat() = default;
+
+    virtual void DrawColumn(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const = 0;
+
+    /// The caller owns the copy.
+    virtual IColumnPaintFormat* Clone() const = 0;
+    /// Non-zero when archives keep the format.
+    virtual int IsSerializableType() const { return 0; }
+    /// The name under which the format is registered.
+    virtual CString GetFormatName() { return {}; }
+    /// Stores or loads the settings. Loading throws CArchiveException.
+    virtual void Serialize(CArchive& /*archive*/) {}
+};
+
+} // namespace Ostrel::GUI
