@@ -1,0 +1,140 @@
+// The ordered children of a row: a counted B-tree. Every node knows its parent and its slot there, and every item knows
+// its leaf, so that questions can be asked from below ("which place am I, how many rows are above me") as well as from
+// above ("the n-th child, the child that holds the n-th row").
+//
+// Costs: insert, erase, n-th child, place of a child, rows above a child, child of a row: O(log n). Building from a
+// list and clearing: O(n). An item without children pays one pointer; few children share one small leaf.
+//
+// A slot of a node carries, each in its own array, so that a search reads few cache lines:
+//   entries  the item (leaf) or the child node (inner)
+//   prefixes, tags   the cached first sort key of the item, or of the first item below the child node
+//   rows     visible rows of the item with its descendants, or of all items below the child node
+//   counts, firsts   (inner only) number of items below, and the first of them
+// and a node carries totals and a bit per slot that says "something below is selected".
+//
+// Invariants: all leaves are at one depth; no node is empty; a node that is neither the root nor on the right spine has
+// at least kNodeCapacity / 4 entries; only a root leaf has less than the full capacity; an item's slot holds its
+// present rows, key and selected bit (whoever changes one of these in the item calls Update...).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace Ostrel::GUI
+{
+class CGridItem;
+}
+
+namespace Ostrel::GUI::Detail
+{
+class SequenceEditor;
+class SortOrder;
+
+inline constexpr unsigned kNodeCapacity = 64;
+
+/// One node; its arrays follow it in the same block of memory.
+struct SequenceNode
+{
+    SequenceNode* m_parent = nullptr;
+    std::uint64_t m_selected = 0; ///< bit per slot
+    std::uint32_t m_rows = 0;     ///< sum of the slots' visible rows
+    std::uint32_t m_items = 0;    ///< items below
+    std::uint8_t m_count = 0;
+    std::uint8_t m_capacity = 0;
+    std::uint8_t m_slot = 0; ///< in the parent
+    bool m_isLeaf = true;
+
+    [[nodiscard]] void** Entries() noexcept { return reinterpret_cast<void**>(this + 1); }
+    [[nodiscard]] std::uint64_t* Prefixes() noexcept
+    {
+        return reinterpret_cast<std::uint64_t*>(Entries() + m_capacity);
+    }
+    /// The items of a leaf; of an inner node the first item below each slot.
+    [[nodiscard]] CGridItem** Items() noexcept
+    {
+        return m_isLeaf ? reinterpret_cast<CGridItem**>(Entries())
+                        : reinterpret_cast<CGridItem**>(Prefixes() + m_capacity);
+    }
+    [[nodiscard]] SequenceNode* Child(unsigned slot) noexcept { return static_cast<SequenceNode*>(Entries()[slot]); }
+    [[nodiscard]] std::uint32_t* Rows() noexcept
+    {
+        return reinterpret_cast<std::uint32_t*>(Prefixes() + (m_isLeaf ? 1U : 2U) * m_capacity);
+    }
+    /// Inner nodes only.
+    [[nodiscard]] std::uint32_t* Counts() noexcept { return Rows() + m_capacity; }
+    [[nodiscard]] std::uint8_t* Tags() noexcept
+    {
+        return reinterpret_cast<std::uint8_t*>(Rows() + (m_isLeaf ? 1U : 2U) * m_capacity);
+    }
+
+    [[nodiscard]] CGridItem*& ItemAt(unsigned slot) noexcept { return Items()[slot]; }
+    [[nodiscard]] unsigned SlotOf(CGridItem const* item) noexcept;
+};
+
+/// A place among the children: before the item in that slot, or behind the leaf's last one.
+struct SequencePlace
+{
+    SequenceNode* leaf = nullptr; ///< null only while there are no children
+    unsigned slot = 0;
+};
+
+class ChildSequence
+{
+public:
+    ChildSequence() = default;
+    ChildSequence(ChildSequence const&) = delete;
+    ChildSequence& operator=(ChildSequence const&) = delete;
+    ~ChildSequence() { Clear(); }
+
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_root == nullptr; }
+    [[nodiscard]] std::uint32_t Count() const noexcept { return m_root ? m_root->m_items : 0; }
+    [[nodiscard]] std::uint32_t Rows() const noexcept { return m_root ? m_root->m_rows : 0; }
+    [[nodiscard]] bool HasSelected() const noexcept { return m_root && m_root->m_selected != 0; }
+
+    [[nodiscard]] CGridItem* At(std::uint32_t position) const noexcept; ///< null when out of range
+    [[nodiscard]] CGridItem* First() const noexcept;
+    [[nodiscard]] CGridItem* Last() const noexcept;
+    [[nodiscard]] SequencePlace Begin() const noexcept;
+    [[nodiscard]] SequencePlace End() const noexcept;
+
+    /// The child that holds the row, and the row relative to that child's own. `row` must be below Rows().
+    [[nodiscard]] CGridItem* AtRow(std::uint32_t& row) const noexcept;
+
+    /// After the children that do not come after the item / before the children that do not come before it.
+    [[nodiscard]] SequencePlace UpperBound(CGridItem const& item, SortOrder const& order) const noexcept;
+    [[nodiscard]] SequencePlace LowerBound(CGridItem const& item, SortOrder const& order) const noexcept;
+
+    void Insert(SequencePlace place, CGridItem& item);
+    void Erase(CGridItem& item) noexcept;
+    /// Replaces the children (which must all be in the list already, or nowhere) by the list in its order.
+    void Assign(std::span<CGridItem* const> items);
+    /// Forgets the children; touches none of them.
+    void Clear() noexcept;
+
+    // --- From a child's point of view; the item must be in a sequence ---
+    [[nodiscard]] static SequencePlace PlaceOf(CGridItem const& item) noexcept;
+    [[nodiscard]] static std::uint32_t PositionOf(CGridItem const& item) noexcept;
+    [[nodiscard]] static std::uint32_t PositionOf(SequencePlace place) noexcept;
+    [[nodiscard]] static std::uint32_t RowsBefore(CGridItem const& item) noexcept;
+    [[nodiscard]] static CGridItem* Next(CGridItem const& item) noexcept;     ///< null behind the last
+    [[nodiscard]] static CGridItem* Previous(CGridItem const& item) noexcept; ///< null before the first
+    /// The item of a place, null at the end; steps over the end of a leaf.
+    [[nodiscard]] static CGridItem* ItemOf(SequencePlace& place) noexcept;
+    /// Takes over the item's rows; returns by how much the sum changed.
+    static std::int32_t UpdateRows(CGridItem& item) noexcept;
+    /// Takes over the item's first sort key.
+    static void UpdateKey(CGridItem& item) noexcept;
+    /// Takes over whether something below or at the item is selected; true if the whole sequence's answer changed.
+    static bool UpdateSelected(CGridItem& item) noexcept;
+
+    /// Empty when every invariant holds, else what is wrong.
+    [[nodiscard]] char const* CheckInvariants(CGridItem const& owner) const;
+
+private:
+    friend class SequenceEditor;
+
+    SequenceNode* m_root = nullptr;
+};
+
+} // namespace Ostrel::GUI::Detail

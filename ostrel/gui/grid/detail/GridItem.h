@@ -1,0 +1,110 @@
+// A row: what the grid keeps for each object that it shows. Lean, since there are a million of them: what a row rarely
+// has (cell update records, cached values, children, whole sort values) costs one pointer until it has it, and nothing
+// is stored that the tree can tell (row number, place among the siblings, visible descendants).
+//
+// Rows live in a process-wide pool (ItemPool.h) that answers whether an address is a row without touching it.
+// All fields belong to the grid's thread, but for the links of the object registry, which its lock guards.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include <ostrel/gui/grid/GridItem.h>
+#include <ostrel/gui/grid/detail/CellUpdates.h>
+#include <ostrel/gui/grid/detail/ChildSequence.h>
+
+namespace Ostrel::Common
+{
+class CDataObject;
+}
+
+namespace Ostrel::GUI
+{
+
+namespace Detail
+{
+class ItemExtras;
+class RowArea;
+struct SortValues;
+
+/// What few rows have. Defined in ItemExtras.h.
+struct ItemExtrasDeleter
+{
+    void operator()(ItemExtras* extras) const noexcept;
+};
+struct SortValuesDeleter
+{
+    void operator()(SortValues* values) const noexcept;
+};
+} // namespace Detail
+
+class CGridItem
+{
+public:
+    explicit CGridItem(Common::CDataObject* object) noexcept : m_object(object) {}
+    CGridItem(CGridItem const&) = delete;
+    CGridItem& operator=(CGridItem const&) = delete;
+    ~CGridItem() = default;
+
+    /// Not owned; null for the roots.
+    [[nodiscard]] Common::CDataObject* Object() const noexcept { return m_object; }
+    /// Null for a root and for a row in no tree. A top-level row's parent is its area's root.
+    [[nodiscard]] CGridItem* Parent() const noexcept { return m_parent; }
+    /// Never null for a row that RowArea made: the detached area when the row is in no grid.
+    [[nodiscard]] Detail::RowArea* Area() const noexcept { return m_area; }
+    [[nodiscard]] Detail::ChildSequence const& Children() const noexcept { return m_children; }
+    [[nodiscard]] bool HasChildren() const noexcept { return !m_children.IsEmpty(); }
+
+    [[nodiscard]] bool IsRoot() const noexcept { return m_isRoot; }
+    [[nodiscard]] bool IsExpanded() const noexcept { return m_isExpanded; }
+    [[nodiscard]] bool IsSelected() const noexcept { return m_isSelected; }
+    /// The filter's last answer for this row; says nothing while the row is below a collapsed one.
+    [[nodiscard]] bool IsHiddenByFilter() const noexcept { return m_isHidden; }
+    /// Rows of the item and of what it shows below, were its parent visible: 0 when the filter hides it.
+    [[nodiscard]] std::uint32_t Rows() const noexcept
+    {
+        return m_isHidden ? 0 : 1U + (m_isExpanded ? m_children.Rows() : 0U);
+    }
+    [[nodiscard]] bool HasSelected() const noexcept { return m_isSelected || m_children.HasSelected(); }
+
+    [[nodiscard]] std::int32_t RowUpdateMs() const noexcept { return m_rowUpdateMs; } ///< -1: never
+    void SetRowUpdateMs(std::int32_t nowMs) noexcept { m_rowUpdateMs = nowMs; }
+    [[nodiscard]] std::int32_t RowDeadlineMs() const noexcept { return m_rowDeadlineMs; } ///< -1: none
+    void SetRowDeadlineMs(std::int32_t deadlineMs) noexcept { m_rowDeadlineMs = deadlineMs; }
+    [[nodiscard]] Detail::CellUpdates& Updates() noexcept { return m_updates; }
+    [[nodiscard]] Detail::CellUpdates const& Updates() const noexcept { return m_updates; }
+
+    /// Null while the row has none.
+    [[nodiscard]] Detail::ItemExtras* Extras() const noexcept { return m_extras.get(); }
+    Detail::ItemExtras& NeedExtras();
+    void DropExtras() noexcept { m_extras.reset(); }
+
+    // Links of the object registry: the rows of one object in the order of their registration. Guarded by its lock.
+    CGridItem* m_nextOfObject = nullptr;
+    CGridItem* m_previousOfObject = nullptr;
+
+private:
+    friend class Detail::RowArea;
+    friend class Detail::ChildSequence;
+    friend class Detail::SequenceEditor;
+    friend class Detail::SortOrder;
+
+    Common::CDataObject* m_object;
+    CGridItem* m_parent = nullptr;
+    Detail::SequenceNode* m_leaf = nullptr; ///< of the parent's children
+    Detail::ChildSequence m_children;
+    std::uint64_t m_sortPrefix = 0;
+    std::unique_ptr<Detail::SortValues, Detail::SortValuesDeleter> m_sortValues;
+    Detail::RowArea* m_area = nullptr;
+    Detail::CellUpdates m_updates;
+    std::unique_ptr<Detail::ItemExtras, Detail::ItemExtrasDeleter> m_extras;
+    std::int32_t m_rowUpdateMs = -1;
+    std::int32_t m_rowDeadlineMs = -1;
+    std::uint8_t m_sortTag = 0;
+    bool m_isExpanded : 1 = false;
+    bool m_isSelected : 1 = false;
+    bool m_isHidden : 1 = false;
+    bool m_isRoot : 1 = false;
+};
+
+} // namespace Ostrel::GUI

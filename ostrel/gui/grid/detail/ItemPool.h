@@ -1,0 +1,35 @@
+// Where all rows of the process live. The pool answers whether any address at all is that of a live row, without
+// touching it: that is how a grid tells a stale or foreign handle without keeping a set of its rows.
+//
+// Rows lie in slabs of 64 KiB that start at multiples of their size. A two-level table over the address bits leads from
+// an address to the record of its slab, which holds a bit per row. Tables and records are never freed, so that asking
+// needs no lock; the slabs themselves are given back when many are empty.
+#pragma once
+
+#include <cstddef>
+
+#include <ostrel/gui/grid/GridItem.h>
+
+namespace Ostrel::Common
+{
+class CDataObject;
+}
+
+namespace Ostrel::GUI::Detail
+{
+
+/// Any thread.
+class ItemPool
+{
+public:
+    ItemPool() = delete;
+
+    [[nodiscard]] static CGridItem* Create(Common::CDataObject* object);
+    /// The item must be live, and in no tree.
+    static void Destroy(CGridItem* item) noexcept;
+    /// True if the address is that of a live row. Any value may be asked.
+    [[nodiscard]] static bool IsLive(CGridItem const* item) noexcept;
+    [[nodiscard]] static std::size_t LiveCount() noexcept;
+};
+
+} // namespace Ostrel::GUI::Detail
