@@ -75,12 +75,10 @@ public:
     constexpr CRect(RECT const& rect) noexcept : RECT(rect) {}
     constexpr CRect(POINT topLeft, SIZE size) noexcept
         : RECT{topLeft.x, topLeft.y, topLeft.x + size.cx, topLeft.y + size.cy}
-    {
-    }
+    {}
     constexpr CRect(POINT topLeft, POINT bottomRight) noexcept
         : RECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y}
-    {
-    }
+    {}
 
     [[nodiscard]] constexpr int Width() const noexcept { return right - left; }
     [[nodiscard]] constexpr int Height() const noexcept { return bottom - top; }

@@ -1,24 +1,33 @@
-#include <ostrel/platform/base/String.h>
-
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+
+#include <ostrel/platform/base/String.h>
 
 namespace
 {
 
 constexpr char kBlanks[] = " \t\r\n\v\f";
 
-char ToLowerAscii(char c) noexcept { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-char ToUpperAscii(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char ToLowerAscii(char c) noexcept
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+char ToUpperAscii(char c) noexcept
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 std::string_view ViewOf(char const* text) noexcept
 {
     return text != nullptr ? std::string_view(text) : std::string_view();
 }
 
-int PositionOf(std::size_t found) noexcept { return found == std::string::npos ? -1 : static_cast<int>(found); }
+int PositionOf(std::size_t found) noexcept
+{
+    return found == std::string::npos ? -1 : static_cast<int>(found);
+}
 
 std::size_t ClampTo(int position, std::size_t length) noexcept
 {
@@ -74,7 +83,10 @@ CString& CString::operator+=(char character)
     return *this;
 }
 
-int CString::Compare(char const* other) const noexcept { return std::string_view(m_text).compare(ViewOf(other)); }
+int CString::Compare(char const* other) const noexcept
+{
+    return std::string_view(m_text).compare(ViewOf(other));
+}
 
 int CString::CompareNoCase(char const* other) const noexcept
 {
@@ -82,8 +94,8 @@ int CString::CompareNoCase(char const* other) const noexcept
     std::size_t const common = std::min(m_text.size(), right.size());
     for (std::size_t i = 0; i < common; ++i)
     {
-        int const difference = static_cast<unsigned char>(ToLowerAscii(m_text[i])) -
-                               static_cast<unsigned char>(ToLowerAscii(right[i]));
+        int const difference =
+            static_cast<unsigned char>(ToLowerAscii(m_text[i])) - static_cast<unsigned char>(ToLowerAscii(right[i]));
         if (difference != 0)
         {
             return difference;
@@ -97,9 +109,15 @@ CString CString::Mid(int first, int count) const
     return CString(m_text.substr(ClampTo(first, m_text.size()), ClampTo(count, m_text.size())));
 }
 
-CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+CString CString::Mid(int first) const
+{
+    return Mid(first, GetLength());
+}
 
-CString CString::Left(int count) const { return Mid(0, count); }
+CString CString::Left(int count) const
+{
+    return Mid(0, count);
+}
 
 CString CString::Right(int count) const
 {
@@ -116,7 +134,10 @@ int CString::Find(char const* text, int start) const noexcept
     return PositionOf(m_text.find(ViewOf(text), ClampTo(start, m_text.size())));
 }
 
-int CString::ReverseFind(char character) const noexcept { return PositionOf(m_text.rfind(character)); }
+int CString::ReverseFind(char character) const noexcept
+{
+    return PositionOf(m_text.rfind(character));
+}
 
 int CString::FindOneOf(char const* characters) const noexcept
 {
@@ -131,16 +152,26 @@ int CString::Replace(char const* from, char const* to)
     {
         return 0;
     }
+    std::string result;
+    std::size_t copied = 0;
     int replaced = 0;
-    for (std::size_t at = m_text.find(wanted); at != std::string::npos; at = m_text.find(wanted, at + put.size()))
+    for (std::size_t at = m_text.find(wanted); at != std::string::npos; at = m_text.find(wanted, copied))
     {
-        m_text.replace(at, wanted.size(), put);
+        result.append(m_text, copied, at - copied).append(put);
+        copied = at + wanted.size();
         ++replaced;
+    }
+    if (replaced > 0)
+    {
+        m_text = std::move(result.append(m_text, copied));
     }
     return replaced;
 }
 
-int CString::Remove(char character) { return static_cast<int>(std::erase(m_text, character)); }
+int CString::Remove(char character)
+{
+    return static_cast<int>(std::erase(m_text, character));
+}
 
 int CString::Insert(int position, char const* text)
 {
@@ -166,7 +197,10 @@ CString& CString::MakeLower() noexcept
     return *this;
 }
 
-CString& CString::Trim() { return TrimLeft().TrimRight(); }
+CString& CString::Trim()
+{
+    return TrimLeft().TrimRight();
+}
 
 CString& CString::TrimLeft()
 {

@@ -11,6 +11,8 @@ using DWORD = std::uint32_t;
 using UINT = std::uint32_t;
 using INT = std::int32_t;
 using LONG = std::int32_t;
+using LONGLONG = long long;
+using ULONGLONG = unsigned long long;
 using BOOL = int;
 using COLORREF = DWORD; ///< 0x00BBGGRR
 using WPARAM = std::uintptr_t;
@@ -44,19 +46,40 @@ constexpr COLORREF RGB(int red, int green, int blue) noexcept
     return static_cast<COLORREF>(red & 0xFF) | (static_cast<COLORREF>(green & 0xFF) << 8U) |
            (static_cast<COLORREF>(blue & 0xFF) << 16U);
 }
-constexpr BYTE GetRValue(COLORREF color) noexcept { return static_cast<BYTE>(color); }
-constexpr BYTE GetGValue(COLORREF color) noexcept { return static_cast<BYTE>(color >> 8U); }
-constexpr BYTE GetBValue(COLORREF color) noexcept { return static_cast<BYTE>(color >> 16U); }
+constexpr BYTE GetRValue(COLORREF color) noexcept
+{
+    return static_cast<BYTE>(color);
+}
+constexpr BYTE GetGValue(COLORREF color) noexcept
+{
+    return static_cast<BYTE>(color >> 8U);
+}
+constexpr BYTE GetBValue(COLORREF color) noexcept
+{
+    return static_cast<BYTE>(color >> 16U);
+}
 
-constexpr WORD LOWORD(DWORD_PTR value) noexcept { return static_cast<WORD>(value); }
-constexpr WORD HIWORD(DWORD_PTR value) noexcept { return static_cast<WORD>(value >> 16U); }
+constexpr WORD LOWORD(DWORD_PTR value) noexcept
+{
+    return static_cast<WORD>(value);
+}
+constexpr WORD HIWORD(DWORD_PTR value) noexcept
+{
+    return static_cast<WORD>(value >> 16U);
+}
 constexpr LONG MAKELONG(int low, int high) noexcept
 {
     return static_cast<LONG>(static_cast<DWORD>(static_cast<WORD>(low)) |
                              (static_cast<DWORD>(static_cast<WORD>(high)) << 16U));
 }
-constexpr WPARAM MAKEWPARAM(int low, int high) noexcept { return static_cast<DWORD>(MAKELONG(low, high)); }
-constexpr LPARAM MAKELPARAM(int low, int high) noexcept { return static_cast<DWORD>(MAKELONG(low, high)); }
+constexpr WPARAM MAKEWPARAM(int low, int high) noexcept
+{
+    return static_cast<DWORD>(MAKELONG(low, high));
+}
+constexpr LPARAM MAKELPARAM(int low, int high) noexcept
+{
+    return static_cast<DWORD>(MAKELONG(low, high));
+}
 /// The signed coordinates of a mouse message's LPARAM.
 constexpr int GET_X_LPARAM(LPARAM value) noexcept
 {
