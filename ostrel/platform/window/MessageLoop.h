@@ -33,6 +33,7 @@ namespace Ostrel::Platform
 {
 
 class Display;
+class NativeWindow;
 
 /// Takes, translates and dispatches until WM_QUIT; returns its code. Messages pass PreTranslateMessage of the windows
 /// from the target up to its top-level window first.
@@ -65,6 +66,9 @@ OSTREL_PLATFORM_API Display& ThreadDisplay();
 /// Gives the calling thread a display of a chosen kind. Only while it has no top-level window; takes ownership. Null:
 /// the next need makes one by MakeDisplay.
 OSTREL_PLATFORM_API void SetThreadDisplay(std::unique_ptr<Display> display);
+
+/// The native window of the top-level window that holds a window of this thread; null while it was never shown.
+[[nodiscard]] OSTREL_PLATFORM_API NativeWindow* NativeWindowOf(HWND window);
 
 /// The program ends with this code, after one line on stderr, when the display server goes away.
 inline constexpr int kExitDisplayLost = 75;
