@@ -23,7 +23,8 @@ namespace Ostrel::Platform
 class OSTREL_BASE_API Clock
 {
 public:
-    /// Time since a fixed moment before the process began. Never goes back, SetManual with a time excepted.
+    /// Time since a fixed moment before the process began. Never goes back, SetManual excepted: with a time it may, and
+    /// without one other threads that read at that very moment may be some microseconds ahead of where the clock stops.
     [[nodiscard]] static std::int64_t Microseconds() noexcept;
     [[nodiscard]] static std::int64_t Milliseconds() noexcept { return Microseconds() / 1000; }
     /// The low 32 bits of Milliseconds.
