@@ -71,5 +71,10 @@ function(ostrel_test target)
   endif()
   ostrel_program(${target} SOURCES ${ARG_SOURCES} LIBRARIES ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
-    PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+    TEST_LIST ${target}_tests PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+  # A list of labels does not survive as one of the PROPERTIES above.
+  set(labels "${CMAKE_CURRENT_BINARY_DIR}/${target}_labels.cmake")
+  file(CONFIGURE OUTPUT "${labels}" @ONLY
+    CONTENT "set_tests_properties(\${@target@_tests} PROPERTIES LABELS \"@ARG_LABELS@\")\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${labels}")
 endfunction()
