@@ -1,0 +1,318 @@
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/paint/BackgroundImage.h>
+#include <ostrel/gui/paint/CellPaintFormat.h>
+#include <ostrel/gui/paint/MsImg32.h>
+#include <ostrel/gui/paint/PaintHelper.h>
+#include <ostrel/gui/paint/detail/PaintSnapshot.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/drawing/SystemLook.h>
+
+namespace Ostrel::GUI
+{
+namespace
+{
+
+CAppearance const& AppearanceOf(CPaintContext const& context)
+{
+    Detail::PaintSnapshot const* const snapshot = context.Snapshot();
+    return snapshot != nullptr ? snapshot->appearance : context.GetGrid().GetAppearance();
+}
+
+/// Marks the place where dragged rows would go.
+constexpr COLORREF kDropColor = 0xDF8020;
+
+bool IsNumber(Common::EnType type) noexcept
+{
+    switch (type)
+    {
+    case Common::TypeChar:
+    case Common::TypeUChar:
+    case Common::TypeShort:
+    case Common::TypeUShort:
+    case Common::TypeLong:
+    case Common::TypeULong:
+    case Common::TypeInt64:
+    case Common::TypeFloat:
+    case Common::TypeDouble:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The type of the cell's value, without reading the value where the field tells it.
+Common::EnType TypeOf(CGridCell const& cell)
+{
+    Common::CDataObject* const object = cell.GetGridLine().GetDataObject();
+    return object != nullptr ? object->GetFieldType(cell.GetColumn()->GetFid()) : cell.GetValue().GetType();
+}
+
+CColumn::Alignment AlignmentOf(CGridCell const& cell, CPaintContext const& context)
+{
+    Detail::PaintSnapshot const* const snapshot = context.Snapshot();
+    Detail::PaintColumn const* const column = snapshot != nullptr ? snapshot->Find(cell.GetColumn()) : nullptr;
+    CColumn::Alignment const alignment = column != nullptr ? column->alignment : cell.GetColumn()->GetAlignment();
+    if (alignment != CColumn::AlignAuto)
+    {
+        return alignment;
+    }
+    return IsNumber(TypeOf(cell)) ? CColumn::AlignRight : CColumn::AlignLeft;
+}
+
+UINT TextFlags(CColumn::Alignment alignment) noexcept
+{
+    constexpr UINT kFlags = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+    switch (alignment)
+    {
+    case CColumn::AlignRight:
+        return kFlags | DT_RIGHT;
+    case CColumn::AlignCenter:
+        return kFlags | DT_CENTER;
+    default:
+        return kFlags | DT_LEFT;
+    }
+}
+
+/// The background over the prepared picture: the row's colour with the picture's opacity, then every overlay.
+void BlendOverPicture(CGridCell const& cell, CPaintContext const& context, unsigned int filter, CRect const& rect)
+{
+    CDC& dc = context.GetDC();
+    CMsImg32::AlphaBlend(dc, rect, cell.GetPaintInfo().GetBackColor(),
+                         context.GetGrid().GetBackgroundImage().GetOpacity());
+    for (CColorBlend const& overlay : {CPaintHelper::GetHighlightBackColorBlend(cell, context, filter),
+                                       CPaintHelper::GetSelectionColorBlend(cell, context, filter),
+                                       CPaintHelper::GetSortedColumnColorBlend(cell, context, filter),
+                                       CPaintHelper::GetFocusedRowColorBlend(cell, context, filter)})
+    {
+        if (overlay.GetOpacity() != 0)
+        {
+            CMsImg32::AlphaBlend(dc, rect, overlay.GetColor(), overlay.GetOpacity());
+        }
+    }
+}
+
+void FillAround(CDC& dc, CRect const& outer, CRect const& inner, COLORREF color)
+{
+    dc.FillSolidRect(CRect(outer.left, outer.top, outer.right, inner.top), color);
+    dc.FillSolidRect(CRect(outer.left, inner.bottom, outer.right, outer.bottom), color);
+    dc.FillSolidRect(CRect(outer.left, inner.top, inner.left, inner.bottom), color);
+    dc.FillSolidRect(CRect(inner.right, inner.top, outer.right, inner.bottom), color);
+}
+
+} // namespace
+
+CString CCellPaintFormat::GetFormatClassName()
+{
+    return "GUI::CCellPaintFormat";
+}
+
+void CCellPaintFormat::DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    OnNextPaintRequest(cell, context, filter);
+    OnDrawBackGround(cell, context, filter);
+    OnDrawMouseSelection(cell, context, filter);
+    OnDrawText(cell, context, filter);
+    OnDrawImage(cell, context, filter);
+    OnDrawFocusedLineFrame(cell, context, filter);
+    OnDrawSelectedLineFrame(cell, context, filter);
+    OnDrawHierarchy(cell, context, filter);
+    OnDrawDropPosition(cell, context, filter);
+    OnDrawDropParentPosition(cell, context, filter);
+    OnDrawVerticalLines(cell, context, filter);
+    OnDrawHorizontalLines(cell, context, filter);
+    OnDrawEditInPlace(cell, context, filter);
+}
+
+unsigned long CCellPaintFormat::GetBackColor(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    return CPaintHelper::GetResultingBackColor(cell, context, filter);
+}
+
+unsigned long CCellPaintFormat::GetForeColor(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    return CPaintHelper::GetResultingTextColor(cell, context, filter);
+}
+
+int CCellPaintFormat::GetOptimalCellWidth(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    CPaintInfo const& info = cell.GetPaintInfo();
+    Detail::FontScope const font(context.GetDC(), info.GetFont());
+    std::string const text = cell.GetFormattedStlString();
+    return context.GetDC().GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx + info.GetLeftTextOffset() +
+           info.GetRightTextOffset() + CPaintHelper::GetIndentation(cell, context, filter) +
+           CPaintHelper::GetImageWidth(cell, filter);
+}
+
+CRect CCellPaintFormat::GetImageRect(CGridCell& cell, CPaintContext const& context, unsigned int filter)
+{
+    return CPaintHelper::GetImageRect(cell, context, filter);
+}
+
+CRect CCellPaintFormat::GetTextRect(CGridCell& cell, CPaintContext const& context, unsigned int filter)
+{
+    CPaintInfo const& info = cell.GetPaintInfo();
+    CRect const& rect = info.GetVirtualRect();
+    int const left = std::max(GetImageRect(cell, context, filter).right, rect.left) + info.GetLeftTextOffset();
+    return {left, rect.top, rect.right - info.GetRightTextOffset(), rect.bottom};
+}
+
+ICellPaintFormat* CCellPaintFormat::Clone() const
+{
+    return new CCellPaintFormat(*this);
+}
+
+int CCellPaintFormat::IsSerializableType() const
+{
+    return 1;
+}
+
+CString CCellPaintFormat::GetFormatName()
+{
+    return GetFormatClassName();
+}
+
+void CCellPaintFormat::OnNextPaintRequest(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if (int const delayMs = CPaintHelper::GetNextPaintDelay(cell, context, filter); delayMs > 0)
+    {
+        cell.RequestNextPaint(delayMs);
+    }
+}
+
+void CCellPaintFormat::OnDrawBackGround(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintBackground) == 0)
+    {
+        return;
+    }
+    CPaintInfo const& info = cell.GetPaintInfo();
+    CDC& dc = context.GetDC();
+    bool const hasPicture =
+        context.GetBackgroundImage() != nullptr && context.GetGrid().GetBackgroundImage().GetOpacity() < 255;
+    CRect const overPicture =
+        hasPicture ? info.GetClipRect() & context.GetBackgroundImageRc() & info.GetVisibleRect() : CRect();
+    auto const color = static_cast<COLORREF>(GetBackColor(cell, context, filter));
+    if (overPicture.IsRectEmpty())
+    {
+        dc.FillSolidRect(info.GetClipRect(), color);
+        return;
+    }
+    FillAround(dc, info.GetClipRect(), overPicture, color);
+    BlendOverPicture(cell, context, filter, overPicture);
+}
+
+void CCellPaintFormat::OnDrawMouseSelection(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintMouseSelection) != 0 && !context.GetMouseSelection().IsRectEmpty())
+    {
+        CColorBlend const blend = AppearanceOf(context).GetMouseSelectionColor();
+        CPaintHelper::DrawMouseTrackSelection(cell.GetPaintInfo().GetClipRect(), blend, blend.GetColor(), context);
+    }
+}
+
+void CCellPaintFormat::OnDrawText(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintText) == 0 || cell.GetColumn() == nullptr || cell.GetGridLine().GetItem() == nullptr)
+    {
+        return;
+    }
+    std::string const text = cell.GetFormattedStlString();
+    if (text.empty())
+    {
+        return;
+    }
+    // Measuring where the text goes changes nothing; the operation is not const for the sake of derived formats.
+    CRect const rect = const_cast<CCellPaintFormat*>(this)->GetTextRect(cell, context, filter);
+    CPaintHelper::DrawText(text, GetForeColor(cell, context, filter), rect, TextFlags(AlignmentOf(cell, context)),
+                           cell.GetPaintInfo(), context);
+}
+
+void CCellPaintFormat::OnDrawImage(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintImage) == 0 || cell.GetImageId() < 0)
+    {
+        return;
+    }
+    CRect const rect = const_cast<CCellPaintFormat*>(this)->GetImageRect(cell, context, filter);
+    if (!rect.IsRectEmpty())
+    {
+        CPaintHelper::DrawImage(cell, context, rect, GetBackColor(cell, context, filter), true);
+    }
+}
+
+void CCellPaintFormat::OnDrawFocusedLineFrame(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintFocusFrame) != 0)
+    {
+        CPaintHelper::DrawFocus(cell, AppearanceOf(context).GetFocusedLineColor().GetColor(), context);
+    }
+}
+
+void CCellPaintFormat::OnDrawSelectedLineFrame(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintSelectionFrame) != 0)
+    {
+        CPaintHelper::DrawSelectionFrame(cell, AppearanceOf(context).GetSelectedLineColor().GetColor(), context);
+    }
+}
+
+void CCellPaintFormat::OnDrawHierarchy(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if (cell.GetGridLine().GetItem() == nullptr || CPaintHelper::GetIndentation(cell, context, filter) == 0)
+    {
+        return;
+    }
+    COLORREF const color = GetSysColor(COLOR_GRAYTEXT);
+    if ((filter & PaintExpandButton) != 0)
+    {
+        CPaintHelper::DrawCollapseExpandIcon(cell, color, context);
+    }
+    if ((filter & PaintTreeLines) != 0)
+    {
+        CPaintHelper::DrawHierarchicalLines(cell, color, context);
+    }
+}
+
+void CCellPaintFormat::OnDrawDropPosition(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if ((filter & PaintDropPosition) != 0)
+    {
+        CPaintHelper::DrawDropPosition(cell, kDropColor, context);
+    }
+}
+
+void CCellPaintFormat::OnDrawDropParentPosition(CGridCell& cell, CPaintContext const& context,
+                                                unsigned int filter) const
+{
+    if ((filter & PaintDropParentPosition) != 0)
+    {
+        CPaintHelper::DrawDropParentPosition(cell, kDropColor, context);
+    }
+}
+
+void CCellPaintFormat::OnDrawVerticalLines(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    CAppearance const& appearance = AppearanceOf(context);
+    if ((filter & PaintVerticalLines) != 0 && appearance.IsVerticalLinesEnabled() && cell.GetColumn() != nullptr)
+    {
+        CPaintHelper::DrawVerticalLines(cell, appearance.GetVerticalLinesColor(), context);
+    }
+}
+
+void CCellPaintFormat::OnDrawHorizontalLines(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    CAppearance const& appearance = AppearanceOf(context);
+    if ((filter & PaintHorizontalLines) != 0 && appearance.IsHorizontalLinesEnabled())
+    {
+        CPaintHelper::DrawHorizontalLines(cell, appearance.GetHorizontalLinesColor(), context);
+    }
+}
+
+/// Nothing by default: the decoration of editable cells comes from the grid's part for editing in place.
+void CCellPaintFormat::OnDrawEditInPlace(CGridCell& /*cell*/, CPaintContext const& /*context*/,
+                                         unsigned int /*filter*/) const
+{}
+
+} // namespace Ostrel::GUI

@@ -1,0 +1,76 @@
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/paint/GridCell.h>
+
+namespace Ostrel::GUI
+{
+namespace
+{
+
+/// What the row remembers of the cell where the notifying threads take snapshots; null where values are read directly.
+Detail::CachedValue const* CachedValueOf(CGridItem const& item, long fid)
+{
+    if (CPreferences::GetThreadingMode() != CPreferences::SnapshotOnNotify || item.Extras() == nullptr ||
+        item.Extras()->valueCache == nullptr)
+    {
+        return nullptr;
+    }
+    auto const found = item.Extras()->valueCache->find(fid);
+    return found != item.Extras()->valueCache->end() ? &found->second : nullptr;
+}
+
+/// Calls fromCache or fromObject for a cell that has a value, else returns the empty result.
+template <class Result, class FromCache, class FromObject>
+Result ReadCell(CGridCell const& cell, FromCache&& fromCache, FromObject&& fromObject)
+{
+    CGridItem const* const item = cell.GetGridLine().GetItem();
+    if (item == nullptr || cell.GetColumn() == nullptr)
+    {
+        return {};
+    }
+    long const fid = cell.GetColumn()->GetFid();
+    if (Detail::CachedValue const* const cached = CachedValueOf(*item, fid))
+    {
+        return fromCache(*cached);
+    }
+    return item->Object() != nullptr ? fromObject(*item->Object(), fid) : Result{};
+}
+
+} // namespace
+
+Common::CValue CGridCell::GetValue() const
+{
+    return ReadCell<Common::CValue>(
+        *this, [](Detail::CachedValue const& cached) { return cached.value; },
+        [](Common::CDataObject& object, long fid) { return object.GetValue(fid); });
+}
+
+std::string CGridCell::GetFormattedStlString() const
+{
+    return ReadCell<std::string>(
+        *this, [](Detail::CachedValue const& cached) { return cached.stlText; },
+        [this](Common::CDataObject& object, long fid) { return object.GetFormattedStlString(fid, m_textFormat); });
+}
+
+CString CGridCell::GetFormattedMfcString() const
+{
+    return ReadCell<CString>(
+        *this, [](Detail::CachedValue const& cached) { return cached.mfcText; },
+        [this](Common::CDataObject& object, long fid) { return object.GetFormattedMfcString(fid, m_textFormat); });
+}
+
+void CGridCell::RequestNextPaint(int delayMs) const
+{
+    CGrid const* const grid = m_line.Grid();
+    if (grid != nullptr && m_line.GetItem() != nullptr && m_column != nullptr)
+    {
+        // A later repaint is noted beside the row; nothing that is painted changes by it.
+        const_cast<CGrid*>(grid)->InvalidateCell(m_line.GetItem(), m_column->GetFid(), delayMs);
+    }
+}
+
+} // namespace Ostrel::GUI

@@ -1,0 +1,303 @@
+// The shapes of a cell: frames, grid lines, the tree, drop marks and images. Frames and lines follow the cell's virtual
+// rectangle from top to bottom and its visible one from left to right, so that a cell cut by the fixed columns or by
+// the window draws the same pixels whatever part of it is painted.
+#include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/RowArea.h>
+#include <ostrel/gui/paint/MsImg32.h>
+#include <ostrel/gui/paint/PaintHelper.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/drawing/ImageList.h>
+
+namespace Ostrel::GUI
+{
+namespace
+{
+
+/// Where the frame of a line runs in a cell, and which of its sides are in it.
+struct CellFrame
+{
+    explicit CellFrame(CGridCell const& cell) : rect(cell.GetPaintInfo().GetVirtualRect())
+    {
+        CRect const& line = cell.GetGridLine().GetPaintInfo().GetVisibleRect();
+        CRect const& visible = cell.GetPaintInfo().GetVisibleRect();
+        rect.left = visible.left;
+        rect.right = visible.right;
+        isFirst = visible.left == line.left;
+        isLast = visible.right == line.right;
+    }
+
+    CRect rect;
+    bool isFirst;
+    bool isLast;
+};
+
+bool IsFocused(CGridLine const& line, CPaintContext const& context)
+{
+    return line.GetItem() != nullptr && context.GetFocusedContext() == line.GetContextType() &&
+           context.GetFocusedRow() == line.GetRow();
+}
+
+bool IsValidRow(int row, CGridLine const& line, CPaintContext const& context)
+{
+    return row >= 0 && static_cast<unsigned>(row) < context.GetGrid().GetRowCount(line.GetContextType());
+}
+
+/// Black, or white where black would not be seen.
+COLORREF ContrastTo(unsigned long color)
+{
+    auto const back = static_cast<COLORREF>(color);
+    int const brightness = 299 * GetRValue(back) + 587 * GetGValue(back) + 114 * GetBValue(back);
+    return brightness >= 96 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+}
+
+CRect ExpandButtonRect(CGridCell const& cell)
+{
+    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    int const height = rect.Height();
+    int const left = rect.left + height * cell.GetGridLine().GetHierarchicalLevel();
+    CRect button(left, rect.top, left + height, rect.bottom);
+    button.DeflateRect(3, 3, 2, 2);
+    return button;
+}
+
+void DrawFilledTriangle(CDC& dc, CPoint const (&corners)[3], COLORREF fill, COLORREF outline)
+{
+    CBrush brush(fill);
+    CPen pen(PS_SOLID, 1, outline);
+    CBrush* const previousBrush = dc.SelectObject(&brush);
+    CPen* const previousPen = dc.SelectObject(&pen);
+    dc.Polygon(corners, 3);
+    dc.SelectObject(previousPen);
+    dc.SelectObject(previousBrush);
+}
+
+/// The image scaled to the rectangle; pixels of the key colour stay transparent.
+bool DrawStretched(CGridCell const& cell, CDC& dc, CRect const& target, CSize imageSize, COLORREF ground)
+{
+    constexpr COLORREF kKeyColor = 0xEAEEED;
+    CDC memory;
+    CBitmap bitmap;
+    if (!memory.CreateCompatibleDC(&dc) || !bitmap.CreateCompatibleBitmap(&dc, imageSize.cx, imageSize.cy))
+    {
+        return false;
+    }
+    CBitmap* const previous = memory.SelectObject(&bitmap);
+    memory.FillSolidRect(0, 0, imageSize.cx, imageSize.cy, ground);
+    cell.GetImageList()->Draw(&memory, cell.GetImageId(), CPoint(0, 0), ILD_TRANSPARENT);
+    int const drawn = CMsImg32::TransparentBlt(&dc, target.left, target.top, target.Width(), target.Height(), &memory,
+                                               0, 0, imageSize.cx, imageSize.cy, kKeyColor);
+    memory.SelectObject(previous);
+    return drawn != 0;
+}
+
+void DrawPlain(CGridCell const& cell, CDC& dc, CRect const& rect, CSize imageSize)
+{
+    CPoint const at(rect.left, rect.top + std::max((rect.Height() - imageSize.cy) / 2, 0));
+    CSize const part(std::min<int>(imageSize.cx, rect.Width()), std::min<int>(imageSize.cy, rect.Height()));
+    cell.GetImageList()->DrawEx(&dc, cell.GetImageId(), at, part, CLR_NONE, CLR_DEFAULT, ILD_TRANSPARENT);
+}
+
+} // namespace
+
+void CPaintHelper::DrawSelectionFrame(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CGridLine const& line = cell.GetGridLine();
+    if (!line.IsRowSelected())
+    {
+        return;
+    }
+    CellFrame const frame(cell);
+    CRect const& rect = frame.rect;
+    CDC& dc = context.GetDC();
+    auto const ink = static_cast<COLORREF>(color);
+    if (!line.IsPreviusRowSelected())
+    {
+        Detail::DrawSolidHorizontal(dc, rect.left, rect.right, rect.top, ink);
+    }
+    if (!line.IsNextRowSelected())
+    {
+        Detail::DrawSolidHorizontal(dc, rect.left, rect.right, rect.bottom - 1, ink);
+    }
+    if (frame.isFirst)
+    {
+        Detail::DrawSolidVertical(dc, rect.left, rect.top, rect.bottom, ink);
+    }
+    if (frame.isLast)
+    {
+        Detail::DrawSolidVertical(dc, rect.right - 1, rect.top, rect.bottom, ink);
+    }
+}
+
+void CPaintHelper::DrawFocus(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    if (!IsFocused(cell.GetGridLine(), context))
+    {
+        return;
+    }
+    CellFrame const frame(cell);
+    CRect const& rect = frame.rect;
+    CDC& dc = context.GetDC();
+    auto const ink = static_cast<COLORREF>(color);
+    int const left = Detail::RoundUpToEven(rect.left);
+    Detail::DrawDottedHorizontal(dc, left, rect.right, rect.top, ink);
+    Detail::DrawDottedHorizontal(dc, left, rect.right, rect.bottom - 1, ink);
+    if (frame.isFirst)
+    {
+        Detail::DrawDottedVertical(dc, rect.left, rect.top, rect.bottom, ink);
+    }
+    if (frame.isLast)
+    {
+        Detail::DrawDottedVertical(dc, rect.right - 1, rect.top, rect.bottom, ink);
+    }
+}
+
+bool CPaintHelper::IsLastLevelItem(CGridItem* item)
+{
+    return item != nullptr && item->Parent() != nullptr && item->Parent()->Children().Last() == item;
+}
+
+bool CPaintHelper::CanShowExpandOrCollapseIcon(CGridLine const& line, CPaintContext const& /*context*/)
+{
+    CGridItem const* const item = line.GetItem();
+    if (item == nullptr || !item->HasChildren())
+    {
+        return false;
+    }
+    if (!item->IsExpanded())
+    {
+        return true;
+    }
+    CGridItem const* const next = Detail::RowArea::NextVisible(*item);
+    return next != nullptr && next->Parent() == item;
+}
+
+void CPaintHelper::DrawCollapseExpandIcon(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CGridLine const& line = cell.GetGridLine();
+    if (!CanShowExpandOrCollapseIcon(line, context))
+    {
+        return;
+    }
+    CRect const button = ExpandButtonRect(cell);
+    CDC& dc = context.GetDC();
+    COLORREF const stroke = ContrastTo(cell.GetPaintInfo().GetBackColor());
+    Detail::DrawFrame(dc, button, static_cast<COLORREF>(color));
+    Detail::DrawSolidHorizontal(dc, button.left + 2, button.right - 2, button.CenterPoint().y, stroke);
+    if (!line.IsExpanded())
+    {
+        Detail::DrawSolidVertical(dc, button.CenterPoint().x, button.top + 2, button.bottom - 2, stroke);
+    }
+}
+
+void CPaintHelper::DrawHierarchicalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CGridLine const& line = cell.GetGridLine();
+    int const level = line.GetHierarchicalLevel();
+    if (level < 1)
+    {
+        return;
+    }
+    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    CDC& dc = context.GetDC();
+    auto const ink = static_cast<COLORREF>(color);
+    int const height = rect.Height();
+    int const half = height / 2;
+    int const x = rect.left + (level - 1) * height + half;
+    int const middle = rect.top + half - 1;
+    bool const hasButton = CanShowExpandOrCollapseIcon(line, context);
+    Detail::DrawDottedVertical(dc, x, rect.top, IsLastLevelItem(line.GetItem()) ? middle : rect.bottom - 1, ink);
+    Detail::DrawDottedHorizontal(dc, x, hasButton ? x + height - 3 : x + height + half - 1, middle, ink);
+
+    CGridItem* ancestor = line.GetItem()->Parent();
+    for (int ancestorLevel = level - 1; ancestorLevel >= 1; --ancestorLevel, ancestor = ancestor->Parent())
+    {
+        if (!IsLastLevelItem(ancestor))
+        {
+            int const ancestorX = rect.left + (ancestorLevel - 1) * height + half;
+            Detail::DrawDottedVertical(dc, ancestorX, rect.top, rect.bottom, ink);
+        }
+    }
+}
+
+void CPaintHelper::DrawDropPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CGridLine const& line = cell.GetGridLine();
+    CDropPosition const& drop = context.GetDropPosition();
+    if (drop.GetDropContext() != line.GetContextType() || !IsValidRow(drop.GetDropIndex(), line, context))
+    {
+        return;
+    }
+    bool const isDropRow = line.GetRow() == drop.GetDropIndex();
+    bool const isRowBelow = line.GetRow() == drop.GetDropIndex() + 1;
+    if (!isDropRow && !(isRowBelow && drop.GetDropAfter()))
+    {
+        return;
+    }
+    CRect const rect = CellFrame(cell).rect;
+    int top = rect.top;
+    if (drop.GetDropAfter())
+    {
+        top = isDropRow ? rect.bottom - 1 : rect.top - 1;
+    }
+    context.GetDC().FillSolidRect(CRect(rect.left, top, rect.right, top + 2), static_cast<COLORREF>(color));
+}
+
+void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CGridLine const& line = cell.GetGridLine();
+    CDropPosition const& drop = context.GetDropPosition();
+    if (drop.GetDropContext() != line.GetContextType() || drop.GetDropParentIndex() != line.GetRow() ||
+        !IsValidRow(drop.GetDropParentIndex(), line, context) || !CellFrame(cell).isFirst)
+    {
+        return;
+    }
+    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    int const side = rect.Height();
+    CRect start(rect.left + 2, rect.top, rect.left + 2 + side, rect.bottom);
+    CRect end(rect.right - 2 - side, rect.top, rect.right - 2, rect.bottom);
+    start.DeflateRect(2, 2);
+    end.DeflateRect(2, 2);
+    auto const fill = static_cast<COLORREF>(color);
+    auto const outline = static_cast<COLORREF>(CMsImg32::AlphaBlend(color, cell.GetPaintInfo().GetBackColor(), 120));
+    CDC& dc = context.GetDC();
+    DrawFilledTriangle(dc, {{start.left, start.top}, {start.right, start.CenterPoint().y}, {start.left, start.bottom}},
+                       fill, outline);
+    DrawFilledTriangle(dc, {{end.right, end.top}, {end.left, end.CenterPoint().y}, {end.right, end.bottom}}, fill,
+                       outline);
+}
+
+void CPaintHelper::DrawVerticalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    Detail::DrawDottedVertical(context.GetDC(), rect.right - 1, Detail::RoundUpToEven(rect.top), rect.bottom,
+                               static_cast<COLORREF>(color));
+}
+
+void CPaintHelper::DrawHorizontalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
+{
+    CRect const rect = CellFrame(cell).rect;
+    Detail::DrawDottedHorizontal(context.GetDC(), Detail::RoundUpToEven(rect.left), rect.right, rect.bottom - 1,
+                                 static_cast<COLORREF>(color));
+}
+
+void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context, CRect const& rect,
+                             unsigned long backColor, bool transparent)
+{
+    constexpr COLORREF kKeyColor = 0xEAEEED;
+    IMAGEINFO info{};
+    if (cell.GetImageList() == nullptr || !cell.GetImageList()->GetImageInfo(cell.GetImageId(), &info))
+    {
+        return;
+    }
+    CSize const size = CRect(info.rcImage).Size();
+    CRect target = rect;
+    target.DeflateRect(1, 1);
+    COLORREF const ground = transparent ? kKeyColor : static_cast<COLORREF>(backColor);
+    if (!cell.GetStretchImage() || !DrawStretched(cell, context.GetDC(), target, size, ground))
+    {
+        DrawPlain(cell, context.GetDC(), rect, size);
+    }
+}
+
+} // namespace Ostrel::GUI

@@ -1,0 +1,110 @@
+// What a paint pass reads once for all its cells: the columns with their places and settings, and the grid's switches.
+// The cells then need no header look-up and no lock. It keeps the columns of its moment alive.
+//
+// The mutable members are memos of the pass, not state of the grid: the last time look-up and the last column found. A
+// snapshot belongs to the grid's thread.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/paint/Appearance.h>
+#include <ostrel/gui/paint/PaintContext.h>
+
+namespace Ostrel::GUI
+{
+class CGridItem;
+class HeaderLayout;
+} // namespace Ostrel::GUI
+
+namespace Ostrel::GUI::Detail
+{
+
+/// A visible column with a width; left and right in client pixels, scrolled as the grid is.
+struct PaintColumn
+{
+    CColumn const* column = nullptr;
+    long fid = -2;
+    int left = 0;
+    int right = 0;
+    bool isFixed = false;
+    int sortLevel = -1; ///< -1 when no level sorts by it
+    bool reverseSort = false;
+    CColumn::Alignment alignment = CColumn::AlignLeft;
+    Common::CFormat const* textFormat = nullptr;
+    int cellImageId = -1;
+};
+
+struct PaintSnapshot
+{
+    /// Reads the grid's header, which must exist. Grid thread only.
+    explicit PaintSnapshot(CGrid const& grid);
+    PaintSnapshot(PaintSnapshot const&) = delete;
+    PaintSnapshot& operator=(PaintSnapshot const&) = delete;
+    ~PaintSnapshot();
+
+    /// Null when the column is not shown.
+    [[nodiscard]] PaintColumn const* Find(CColumn const* column) const noexcept;
+
+    /// Milliseconds since the field's last update in the row, negative for never. Asks the grid once for each cell.
+    [[nodiscard]] int ElapsedSinceUpdate(CGrid const& grid, CGridItem* item, long fid) const;
+
+    std::shared_ptr<HeaderLayout const> layout;
+    std::vector<PaintColumn> columns; ///< in visual order, the fixed ones first
+    int fixedRight = 0;               ///< right edge of the fixed columns
+    int columnsRight = 0;             ///< right edge of the last column
+    CColumn const* hierarchicalColumn = nullptr;
+    CAppearance const& appearance;
+    bool highlightAllowed = false;
+
+private:
+    mutable PaintColumn const* m_lastFound = nullptr;
+    mutable CGridItem* m_elapsedItem = nullptr;
+    mutable long m_elapsedFid = 0;
+    mutable int m_elapsed = -1;
+};
+
+/// The context's snapshot, or one taken now for a context that has none.
+class SnapshotOf
+{
+public:
+    /// The context must have a header.
+    explicit SnapshotOf(CPaintContext const& context) : m_shared(context.Snapshot())
+    {
+        if (m_shared == nullptr)
+        {
+            m_own.emplace(context.GetGrid());
+        }
+    }
+
+    PaintSnapshot const& operator*() const noexcept { return m_shared != nullptr ? *m_shared : *m_own; }
+    PaintSnapshot const* operator->() const noexcept { return &**this; }
+
+private:
+    PaintSnapshot const* m_shared;
+    std::optional<PaintSnapshot> m_own;
+};
+
+/// Calls visit(column, visibleLeft) for every column of which a pixel of [left, right) is to be seen, from left to
+/// right.
+template <class Visit>
+void ForEachColumn(PaintSnapshot const& snapshot, int left, int right, Visit&& visit)
+{
+    for (PaintColumn const& column : snapshot.columns)
+    {
+        int const visibleLeft = column.isFixed ? column.left : std::max(column.left, snapshot.fixedRight);
+        if (visibleLeft >= right)
+        {
+            break;
+        }
+        if (column.right > visibleLeft && column.right > left)
+        {
+            visit(column, visibleLeft);
+        }
+    }
+}
+
+} // namespace Ostrel::GUI::Detail
