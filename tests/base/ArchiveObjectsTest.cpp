@@ -113,7 +113,7 @@ TEST(ArchiveClassTest, DamagedRecordsThrow)
         {"name longer than the data", {0xFF, 0xFF, 1, 0, 0xFF, 0xFF, 'C'}, CArchiveException::endOfFile},
         {"name with a zero byte", ClassRecord(std::string_view("CShape\0x", 8), 3), CArchiveException::badClass},
         {"empty name", ClassRecord("", 3), CArchiveException::badClass},
-        {"class that cannot be made", ClassRecord("CSilent", 1), CArchiveException::badSchema},
+        {"class without a schema", ClassRecord("CSilent", 1), CArchiveException::badSchema},
     };
     for (auto const& each : cases)
     {
@@ -221,6 +221,18 @@ TEST(ArchiveObjectTest, DamagedObjectsThrowAndAreDestroyed)
         EXPECT_EQ(CauseOfLoading(each.bytes, [&](CArchive& archive) { archive >> shape; }), each.cause) << each.name;
         EXPECT_EQ(shape, nullptr);
     }
+}
+
+TEST(ArchiveObjectTest, AFailedObjectIsNotFoundAgain)
+{
+    CMemFile file(kShapeRecord + ByteList{7, 0x09, 0x00, 0x02, 0x00});
+    CArchive archive(&file, CArchive::load);
+    CObject* object = nullptr;
+    for (int i = 0; i < 2; ++i)
+    {
+        EXPECT_EQ(CauseThrownBy<CArchiveException>([&] { archive >> object; }), CArchiveException::badIndex);
+    }
+    EXPECT_EQ(object, nullptr);
 }
 
 TEST(ArchiveObjectTest, EndlessNestingIsRefused)

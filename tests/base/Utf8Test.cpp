@@ -33,6 +33,7 @@ std::vector<Utf8Case> const kCases = {
     {"cut after one", "\xC3", {0xC3}, false},
     {"cut after two", "\xE2\x82", {0xE2, 0x82}, false},
     {"cut after three", "\xF0\x9F\x98", {0xF0, 0x9F, 0x98}, false},
+    {"the rest lies behind the end", std::string_view("\xE2\x82\xAC", 2), {0xE2, 0x82}, false},
     {"broken at the last byte", "\xF0\x9F\x98z", {0xF0, 0x9F, 0x98, 'z'}, false},
     {"overlong slash in two", "\xC0\xAF", {0xC0, 0xAF}, false},
     {"overlong in two, highest", "\xC1\xBF", {0xC1, 0xBF}, false},
