@@ -1,0 +1,47 @@
+// Everything of Ostrel::Common and of the platform's base: values, data objects, formats, the serializer, threads. It
+// needs no window and nothing beyond the standard library.
+#pragma once
+
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/common/dataobject/Field.h>
+#include <ostrel/common/dataobject/FieldMap.h>
+#include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/common/format/BoolFormat.h>
+#include <ostrel/common/format/CharFormat.h>
+#include <ostrel/common/format/DefaultMfcStringFormat.h>
+#include <ostrel/common/format/DefaultStlStringFormat.h>
+#include <ostrel/common/format/DoubleFormat.h>
+#include <ostrel/common/format/EmptyFormat.h>
+#include <ostrel/common/format/FloatFormat.h>
+#include <ostrel/common/format/Format.h>
+#include <ostrel/common/format/FormatFactory.h>
+#include <ostrel/common/format/HexFormatter.h>
+#include <ostrel/common/format/Int64Format.h>
+#include <ostrel/common/format/LongFormat.h>
+#include <ostrel/common/format/ShortFormat.h>
+#include <ostrel/common/format/UCharFormat.h>
+#include <ostrel/common/format/ULongFormat.h>
+#include <ostrel/common/format/UShortFormat.h>
+#include <ostrel/common/thread/Lock.h>
+#include <ostrel/common/thread/RecursionChecker.h>
+#include <ostrel/common/thread/RecursionProtector.h>
+#include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/common/thread/ThreadRecursionProtector.h>
+#include <ostrel/common/value/CommonException.h>
+#include <ostrel/common/value/Serializer.h>
+#include <ostrel/common/value/Type.h>
+#include <ostrel/common/value/Value.h>
+#include <ostrel/platform/base/Archive.h>
+#include <ostrel/platform/base/Clock.h>
+#include <ostrel/platform/base/Exception.h>
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/File.h>
+#include <ostrel/platform/base/Geometry.h>
+#include <ostrel/platform/base/LittleEndian.h>
+#include <ostrel/platform/base/Narrow.h>
+#include <ostrel/platform/base/Object.h>
+#include <ostrel/platform/base/String.h>
+#include <ostrel/platform/base/ThreadAnnotations.h>
+#include <ostrel/platform/base/TokenTable.h>
+#include <ostrel/platform/base/Types.h>
+#include <ostrel/platform/base/Utf8.h>

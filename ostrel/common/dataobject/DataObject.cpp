@@ -1,0 +1,578 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/common/dataobject/Field.h>
+#include <ostrel/common/dataobject/FieldMap.h>
+#include <ostrel/common/format/Format.h>
+#include <ostrel/common/thread/Lock.h>
+#include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/common/value/Serializer.h>
+#include <ostrel/common/value/Value.h>
+#include <ostrel/common/value/detail/TypeTraits.h>
+
+namespace Ostrel::Common
+{
+
+/// The subscribers of one object, in the order of subscription.
+class CDataObject::SinkList
+{
+public:
+    /// What a notification runs on: a copy of the list, without the heap for the usual few.
+    class Copy
+    {
+    public:
+        void Take(std::span<ISink* const> sinks)
+        {
+            if (sinks.size() > m_few.size())
+            {
+                m_many.assign(sinks.begin(), sinks.end());
+            }
+            else
+            {
+                std::copy(sinks.begin(), sinks.end(), m_few.begin());
+            }
+            m_count = sinks.size();
+        }
+        [[nodiscard]] std::span<ISink* const> Sinks() const noexcept
+        {
+            return {m_many.empty() ? m_few.data() : m_many.data(), m_count};
+        }
+
+    private:
+        std::array<ISink*, 4> m_few{};
+        std::vector<ISink*> m_many;
+        std::size_t m_count = 0;
+    };
+
+    void Add(ISink* sink)
+    {
+        CLock const lock(m_lock);
+        if (std::find(m_sinks.begin(), m_sinks.end(), sink) == m_sinks.end())
+        {
+            m_sinks.push_back(sink);
+        }
+    }
+    void Remove(ISink* sink)
+    {
+        CLock const lock(m_lock);
+        std::erase(m_sinks, sink);
+    }
+    void CopyTo(Copy& copy)
+    {
+        CLock const lock(m_lock);
+        copy.Take(m_sinks);
+    }
+    [[nodiscard]] std::vector<ISink*> TakeAll()
+    {
+        CLock const lock(m_lock);
+        return std::exchange(m_sinks, {});
+    }
+
+private:
+    CSyncObject m_lock;
+    std::vector<ISink*> m_sinks OSTREL_GUARDED_BY(m_lock);
+};
+
+void CDataObject::ISink::OnUpdate(std::set<long> const& fids, CDataObject const* object)
+{
+    for (long const fid : fids)
+    {
+        OnUpdate(fid, object);
+    }
+}
+
+void CDataObject::ISink::OnDelete(CDataObject const* /*object*/) {}
+
+CDataObject::~CDataObject()
+{
+    NotifyDelete();
+    delete m_sinks.load(std::memory_order_acquire);
+}
+
+// Subscription and notification
+
+CDataObject::SinkList& CDataObject::NeedSinks()
+{
+    SinkList* sinks = m_sinks.load(std::memory_order_acquire);
+    if (sinks == nullptr)
+    {
+        auto made = std::make_unique<SinkList>();
+        if (m_sinks.compare_exchange_strong(sinks, made.get(), std::memory_order_acq_rel))
+        {
+            sinks = made.release();
+        }
+    }
+    return *sinks;
+}
+
+void CDataObject::AddSink(ISink* sink)
+{
+    if (sink != nullptr)
+    {
+        NeedSinks().Add(sink);
+    }
+}
+
+void CDataObject::RemoveSink(ISink* sink)
+{
+    if (SinkList* const sinks = m_sinks.load(std::memory_order_acquire))
+    {
+        sinks->Remove(sink);
+    }
+}
+
+template <class Call>
+void CDataObject::ForEachSink(Call const& call) const
+{
+    SinkList* const sinks = m_sinks.load(std::memory_order_acquire);
+    if (sinks == nullptr)
+    {
+        return;
+    }
+    SinkList::Copy copy;
+    sinks->CopyTo(copy);
+    for (ISink* const sink : copy.Sinks())
+    {
+        call(*sink);
+    }
+}
+
+void CDataObject::NotifyUpdate(long fid)
+{
+    ForEachSink([&](ISink& sink) { sink.OnUpdate(fid, this); });
+}
+
+void CDataObject::NotifyUpdate(std::set<long> const& fids)
+{
+    ForEachSink([&](ISink& sink) { sink.OnUpdate(fids, this); });
+}
+
+void CDataObject::NotifyDelete()
+{
+    SinkList* const sinks = m_sinks.load(std::memory_order_acquire);
+    if (sinks == nullptr)
+    {
+        return;
+    }
+    for (ISink* const sink : sinks->TakeAll())
+    {
+        sink->OnDelete(this);
+    }
+}
+
+// What is known of the fields
+
+std::pair<CField*, CDataObject*> CDataObject::GetField(long fid) const
+{
+    CFieldMap const* const map = GetFieldMap();
+    if (map == nullptr)
+    {
+        return {nullptr, nullptr};
+    }
+    // Looking a field up changes nothing; whoever sets it through the pair has the object itself.
+    return {map->GetField(fid), const_cast<CDataObject*>(this)};
+}
+
+void CDataObject::GetAllFields(std::set<std::pair<CField*, CDataObject*>>& fields) const
+{
+    for (CFieldMap const* map = GetFieldMap(); map != nullptr; map = map->GetParentMap())
+    {
+        std::set<CField*> own;
+        map->GetAllFields(own);
+        for (CField* const field : own)
+        {
+            fields.emplace(field, const_cast<CDataObject*>(this));
+        }
+    }
+}
+
+void CDataObject::GetAllFids(std::set<long>& fids) const
+{
+    for (CFieldMap const* map = GetFieldMap(); map != nullptr; map = map->GetParentMap())
+    {
+        std::set<CField*> own;
+        map->GetAllFields(own);
+        for (CField const* const field : own)
+        {
+            fids.insert(field->GetFid());
+        }
+    }
+}
+
+bool CDataObject::HasGetMethod(long fid) const
+{
+    auto const [field, object] = GetField(fid);
+    return field != nullptr && object != nullptr && field->HasGetMethod();
+}
+
+bool CDataObject::HasSetMethod(long fid) const
+{
+    auto const [field, object] = GetField(fid);
+    return field != nullptr && object != nullptr && field->HasSetMethod();
+}
+
+EnType CDataObject::GetFieldType(long fid)
+{
+    auto const [field, object] = GetField(fid);
+    return field != nullptr && object != nullptr ? field->GetType() : TypeEmpty;
+}
+
+std::string CDataObject::GetFieldName(long fid)
+{
+    auto const [field, object] = GetField(fid);
+    return field != nullptr && object != nullptr ? field->GetName() : std::string();
+}
+
+CFormat const* CDataObject::GetFormat(long fid) const
+{
+    auto const [field, object] = GetField(fid);
+    return field != nullptr && object != nullptr ? field->GetFormat() : nullptr;
+}
+
+// Typed access
+
+template <class T>
+T CDataObject::Get(long fid) const
+{
+    auto const [field, object] = GetField(fid);
+    if (field != nullptr && object != nullptr)
+    {
+        if (auto const getter = field->GetterOf<T>())
+        {
+            return (object->*getter)();
+        }
+    }
+    return T();
+}
+
+template <class T>
+bool CDataObject::Set(long fid, T const& value)
+{
+    auto const [field, object] = GetField(fid);
+    if (field != nullptr && object != nullptr)
+    {
+        if (auto const setter = field->SetterOf<T>())
+        {
+            (object->*setter)(value);
+            return true;
+        }
+    }
+    return false;
+}
+
+CString CDataObject::GetMfcString(long fid)
+{
+    return Get<CString>(fid);
+}
+std::string CDataObject::GetStlString(long fid)
+{
+    return Get<std::string>(fid);
+}
+char CDataObject::GetChar(long fid) const
+{
+    return Get<char>(fid);
+}
+unsigned char CDataObject::GetUChar(long fid) const
+{
+    return Get<unsigned char>(fid);
+}
+short CDataObject::GetShort(long fid) const
+{
+    return Get<short>(fid);
+}
+unsigned short CDataObject::GetUShort(long fid) const
+{
+    return Get<unsigned short>(fid);
+}
+long CDataObject::GetLong(long fid) const
+{
+    return Get<long>(fid);
+}
+unsigned long CDataObject::GetULong(long fid) const
+{
+    return Get<unsigned long>(fid);
+}
+__int64 CDataObject::GetInt64(long fid) const
+{
+    return Get<__int64>(fid);
+}
+bool CDataObject::GetBool(long fid) const
+{
+    return Get<bool>(fid);
+}
+float CDataObject::GetFloat(long fid) const
+{
+    return Get<float>(fid);
+}
+double CDataObject::GetDouble(long fid) const
+{
+    return Get<double>(fid);
+}
+CDataObject* CDataObject::GetObjectPtr(long fid) const
+{
+    return Get<CDataObject*>(fid);
+}
+
+bool CDataObject::SetMfcString(long fid, CString const& value)
+{
+    return Set<CString>(fid, value);
+}
+bool CDataObject::SetStlString(long fid, std::string const& value)
+{
+    return Set<std::string>(fid, value);
+}
+bool CDataObject::SetChar(long fid, char value)
+{
+    return Set<char>(fid, value);
+}
+bool CDataObject::SetUChar(long fid, unsigned char value)
+{
+    return Set<unsigned char>(fid, value);
+}
+bool CDataObject::SetShort(long fid, short value)
+{
+    return Set<short>(fid, value);
+}
+bool CDataObject::SetUShort(long fid, unsigned short value)
+{
+    return Set<unsigned short>(fid, value);
+}
+bool CDataObject::SetLong(long fid, long value)
+{
+    return Set<long>(fid, value);
+}
+bool CDataObject::SetULong(long fid, unsigned long value)
+{
+    return Set<unsigned long>(fid, value);
+}
+bool CDataObject::SetInt64(long fid, __int64 value)
+{
+    return Set<__int64>(fid, value);
+}
+bool CDataObject::SetBool(long fid, bool value)
+{
+    return Set<bool>(fid, value);
+}
+bool CDataObject::SetFloat(long fid, float value)
+{
+    return Set<float>(fid, value);
+}
+bool CDataObject::SetDouble(long fid, double value)
+{
+    return Set<double>(fid, value);
+}
+bool CDataObject::SetObjectPtr(long fid, CDataObject* value)
+{
+    return Set<CDataObject*>(fid, value);
+}
+
+CValue CDataObject::GetValue(long fid)
+{
+    auto const [field, object] = GetField(fid);
+    if (field == nullptr || object == nullptr)
+    {
+        return {};
+    }
+    auto const typed = [field = field, object = object]<class T>(std::type_identity<T>)
+    {
+        auto const getter = field->GetterOf<T>();
+        return CValue(getter != nullptr ? (object->*getter)() : T());
+    };
+    return detail::VisitType(field->GetType(), typed, [] { return CValue(); });
+}
+
+bool CDataObject::SetValue(long fid, CValue const& value)
+{
+    auto const [field, object] = GetField(fid);
+    if (field == nullptr || object == nullptr)
+    {
+        return false;
+    }
+    auto const typed = [&value, field = field, object = object]<class T>(std::type_identity<T>)
+    {
+        auto const setter = field->SetterOf<T>();
+        if (setter == nullptr)
+        {
+            return false;
+        }
+        (object->*setter)(static_cast<detail::Argument<T>>(value));
+        return true;
+    };
+    return detail::VisitType(field->GetType(), typed, [] { return false; });
+}
+
+// Text access. The two string worlds differ only in the names of the format's operations.
+
+namespace
+{
+
+CFormat const& ChooseFormat(CFormat const* given, CField const& field)
+{
+    CFormat const* const format = given != nullptr ? given : field.GetFormat();
+    return format != nullptr ? *format : CFormat::GetDefaultFormat(field.GetType());
+}
+
+template <class Text, class T>
+Text FormatAs(CFormat const& format, T const& value, CDataObject const* object)
+{
+    if constexpr (std::is_same_v<Text, CString>)
+    {
+        return format.FormatMfc(value, object);
+    }
+    else
+    {
+        return format.FormatStl(value, object);
+    }
+}
+
+template <class T>
+bool ParseFrom(CFormat const& format, CString const& text, T& value, CDataObject const* object)
+{
+    return format.ParseMfc(text, value, object);
+}
+
+template <class T>
+bool ParseFrom(CFormat const& format, std::string const& text, T& value, CDataObject const* object)
+{
+    return format.ParseStl(text, value, object);
+}
+
+template <class To>
+To ConvertText(CString const& text)
+{
+    return To(text.AsStd());
+}
+
+template <class To>
+To ConvertText(std::string const& text)
+{
+    return To(text);
+}
+
+} // namespace
+
+template <class Text>
+Text CDataObject::GetFormatted(long fid, CFormat const* format) const
+{
+    auto const [field, object] = GetField(fid);
+    if (field == nullptr || object == nullptr || !field->HasGetMethod())
+    {
+        return Text();
+    }
+    auto const typed = [format, field = field, object = object]<class T>(std::type_identity<T>)
+    { return FormatAs<Text, T>(ChooseFormat(format, *field), (object->*field->GetterOf<T>())(), object); };
+    return detail::VisitType(field->GetType(), typed, [] { return Text(); });
+}
+
+template <class Text>
+bool CDataObject::SetFormatted(long fid, Text const& text, CFormat const* format)
+{
+    auto const [field, object] = GetField(fid);
+    if (field == nullptr || object == nullptr || !field->HasSetMethod())
+    {
+        return false;
+    }
+    auto const typed = [&text, format, field = field, object = object]<class T>(std::type_identity<T>)
+    {
+        T value{};
+        if (!ParseFrom(ChooseFormat(format, *field), text, value, object))
+        {
+            if constexpr (!detail::FieldText<T>)
+            {
+                return false;
+            }
+            else
+            {
+                value = ConvertText<T>(text);
+            }
+        }
+        (object->*field->SetterOf<T>())(value);
+        return true;
+    };
+    return detail::VisitType(field->GetType(), typed, [] { return false; });
+}
+
+CString CDataObject::GetFormattedMfcString(long fid, CFormat const* format)
+{
+    return GetFormatted<CString>(fid, format);
+}
+
+bool CDataObject::SetFormattedMfcString(long fid, CString const& text, CFormat const* format)
+{
+    return SetFormatted(fid, text, format);
+}
+
+std::string CDataObject::GetFormattedStlString(long fid, CFormat const* format)
+{
+    return GetFormatted<std::string>(fid, format);
+}
+
+bool CDataObject::SetFormattedStlString(long fid, std::string const& text, CFormat const* format)
+{
+    return SetFormatted(fid, text, format);
+}
+
+// Storing and restoring
+
+std::string const& CDataObject::GetSerializationName() const
+{
+    return CValue::GetEmptyStlString();
+}
+
+bool CDataObject::IsSerializableType() const
+{
+    return false;
+}
+
+void CDataObject::Serialize(CSerializer& serializer)
+{
+    if (serializer.GetMode() == CSerializer::ModeStore)
+    {
+        Store(serializer);
+    }
+    else
+    {
+        Restore(serializer);
+    }
+}
+
+void CDataObject::Store(CSerializer& serializer)
+{
+    std::set<std::pair<CField*, CDataObject*>> fields;
+    GetAllFields(fields);
+    std::set<long> fids;
+    for (auto const& [field, object] : fields)
+    {
+        fids.insert(field->GetFid());
+    }
+    serializer << GetSerializeVertion() << static_cast<int>(fids.size());
+    for (long const fid : fids)
+    {
+        serializer << fid << GetValue(fid);
+    }
+}
+
+void CDataObject::Restore(CSerializer& serializer)
+{
+    int version = 0;
+    serializer >> version;
+    if (version < 1)
+    {
+        return;
+    }
+    int count = 0;
+    serializer >> count;
+    for (int i = 0; i < count; ++i)
+    {
+        long fid = kNoField;
+        CValue value;
+        serializer >> fid >> value;
+        SetValue(fid, value);
+    }
+}
+
+} // namespace Ostrel::Common

@@ -1,0 +1,73 @@
+#include <map>
+
+#include <ostrel/common/format/BoolFormat.h>
+#include <ostrel/common/format/CharFormat.h>
+#include <ostrel/common/format/DefaultMfcStringFormat.h>
+#include <ostrel/common/format/DefaultStlStringFormat.h>
+#include <ostrel/common/format/DoubleFormat.h>
+#include <ostrel/common/format/EmptyFormat.h>
+#include <ostrel/common/format/FloatFormat.h>
+#include <ostrel/common/format/FormatFactory.h>
+#include <ostrel/common/format/Int64Format.h>
+#include <ostrel/common/format/LongFormat.h>
+#include <ostrel/common/format/ShortFormat.h>
+#include <ostrel/common/format/UCharFormat.h>
+#include <ostrel/common/format/ULongFormat.h>
+#include <ostrel/common/format/UShortFormat.h>
+#include <ostrel/common/thread/Lock.h>
+#include <ostrel/common/thread/SyncObject.h>
+
+namespace Ostrel::Common
+{
+
+namespace
+{
+
+using Creator = CFormat* (*)();
+
+template <class... Formats>
+std::map<std::string, Creator> CreatorsOf()
+{
+    return {{Formats::GetFormatClassName(), &Formats::CreateFormat}...};
+}
+
+/// The registry knows the library's formats from its birth. Were each format to add itself from a static object of its
+/// own source file, a program linked with the static library would miss those whose files nothing else refers to.
+struct Registry
+{
+    CSyncObject lock;
+    std::map<std::string, Creator> creators OSTREL_GUARDED_BY(lock) = CreatorsOf<
+        CBoolFormat, CCharFormat, CUCharFormat, CShortFormat, CUShortFormat, CLongFormat, CULongFormat, CInt64Format,
+        CFloatFormat, CDoubleFormat, CDefaultStlStringFormat, CDefaultMfcStringFormat, CEmptyFormat>();
+};
+
+/// Never destroyed, as static objects of applications may use it to the very end.
+Registry& TheRegistry()
+{
+    static Registry& registry = *new Registry;
+    return registry;
+}
+
+} // namespace
+
+bool CFormatFactory::RegisterFormat(std::string const& name, CFormat* (*creator)())
+{
+    return InternalRegisterFormat(name, creator);
+}
+
+bool CFormatFactory::InternalRegisterFormat(std::string const& name, CFormat* (*creator)())
+{
+    Registry& registry = TheRegistry();
+    CLock const lock(registry.lock);
+    return registry.creators.emplace(name, creator).second;
+}
+
+CFormat* CFormatFactory::Create(std::string const& name)
+{
+    Registry& registry = TheRegistry();
+    CLock const lock(registry.lock);
+    auto const found = registry.creators.find(name);
+    return found != registry.creators.end() && found->second != nullptr ? found->second() : nullptr;
+}
+
+} // namespace Ostrel::Common

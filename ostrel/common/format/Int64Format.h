@@ -1,0 +1,23 @@
+// The format of `__int64` fields.
+#pragma once
+
+#include <ostrel/common/format/detail/WideIntegerFormat.h>
+
+namespace Ostrel::Common
+{
+
+/// Signed 64 bits as decimal text with a thousands separator, or as hexadecimal text.
+class OSTREL_COMMON_API CInt64Format : public detail::WideIntegerFormat<CInt64Format, __int64>
+{
+public:
+    static constexpr char const* kClassName = "CInt64Format";
+
+    /// `showZero`: whether 0 is written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x"
+    /// and is filled to the type's width.
+    explicit CInt64Format(Style style = Decimal, bool showZero = true, char separator = ' ', bool hexPrefix = true,
+                          bool leadingZeros = false) noexcept
+        : WideIntegerFormat(style, showZero, separator, hexPrefix, leadingZeros)
+    {}
+};
+
+} // namespace Ostrel::Common

@@ -1,0 +1,23 @@
+// The format of `unsigned long` fields.
+#pragma once
+
+#include <ostrel/common/format/detail/WideIntegerFormat.h>
+
+namespace Ostrel::Common
+{
+
+/// Unsigned 32 bits as decimal text with a thousands separator, or as hexadecimal text.
+class OSTREL_COMMON_API CULongFormat : public detail::WideIntegerFormat<CULongFormat, unsigned long>
+{
+public:
+    static constexpr char const* kClassName = "CULongFormat";
+
+    /// `showZero`: whether 0 is written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x"
+    /// and is filled to the type's width.
+    explicit CULongFormat(Style style = Decimal, bool showZero = true, char separator = ' ', bool hexPrefix = true,
+                          bool leadingZeros = false) noexcept
+        : WideIntegerFormat(style, showZero, separator, hexPrefix, leadingZeros)
+    {}
+};
+
+} // namespace Ostrel::Common

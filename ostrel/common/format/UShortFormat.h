@@ -1,0 +1,23 @@
+// The format of `unsigned short` fields.
+#pragma once
+
+#include <ostrel/common/format/detail/WideIntegerFormat.h>
+
+namespace Ostrel::Common
+{
+
+/// Unsigned 16 bits as decimal text with a thousands separator, or as hexadecimal text.
+class OSTREL_COMMON_API CUShortFormat : public detail::WideIntegerFormat<CUShortFormat, unsigned short>
+{
+public:
+    static constexpr char const* kClassName = "CUShortFormat";
+
+    /// `showZero`: whether 0 is written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x"
+    /// and is filled to the type's width.
+    explicit CUShortFormat(Style style = Decimal, bool showZero = true, char separator = ' ', bool hexPrefix = true,
+                           bool leadingZeros = true) noexcept
+        : WideIntegerFormat(style, showZero, separator, hexPrefix, leadingZeros)
+    {}
+};
+
+} // namespace Ostrel::Common

@@ -1,0 +1,26 @@
+// Holds a CSyncObject for a scope.
+#pragma once
+
+#include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/ThreadAnnotations.h>
+
+namespace Ostrel::Common
+{
+
+class OSTREL_COMMON_API OSTREL_SCOPED_CAPABILITY CLock
+{
+public:
+    explicit CLock(CSyncObject& syncObject) OSTREL_ACQUIRE(syncObject) : m_syncObject(syncObject)
+    {
+        m_syncObject.Lock();
+    }
+    ~CLock() OSTREL_RELEASE() { m_syncObject.UnLock(); }
+    CLock(CLock const&) = delete;
+    CLock& operator=(CLock const&) = delete;
+
+private:
+    CSyncObject& m_syncObject;
+};
+
+} // namespace Ostrel::Common
