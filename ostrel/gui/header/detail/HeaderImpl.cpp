@@ -52,7 +52,8 @@ bool CHeader::Impl::ChangeLayoutSetting(int HeaderSettings::*setting, int value)
 void CHeader::Impl::CopyFrom(CHeader::Impl const& other)
 {
     HeaderLayout::Columns columns;
-    for (ColumnPtr const& original : other.GetLayout()->AllColumns())
+    Layout const layout = other.GetLayout();
+    for (ColumnPtr const& original : layout->AllColumns())
     {
         auto const& copy = columns.emplace_back(std::make_shared<CColumn>(*original));
         copy->Subscribe(this);
