@@ -25,6 +25,9 @@ public:
     /// From a PNG file. FALSE, with the bitmap unchanged, when there is none or it is damaged.
     BOOL LoadPng(std::string const& path);
 
+    /// Shares pixels; their surface must not be empty.
+    BOOL Adopt(std::shared_ptr<Ostrel::Platform::Surface> surface);
+
     /// Describes the bitmap; returns the size of the structure, 0 when there is no picture or no structure.
     int GetBitmap(BITMAP* description) const noexcept;
     [[nodiscard]] CSize GetSize() const noexcept;
@@ -32,12 +35,11 @@ public:
     /// The pixels, null when there is no picture. A device context that has the bitmap selected shares them.
     [[nodiscard]] std::shared_ptr<Ostrel::Platform::Surface> const& GetSurface() const noexcept { return m_surface; }
 
-    operator HBITMAP() const noexcept { return static_cast<HBITMAP>(GetSafeHandle()); }
+    operator HBITMAP() const { return static_cast<HBITMAP>(GetSafeHandle()); }
     [[nodiscard]] static CBitmap* FromHandle(HBITMAP handle) noexcept;
 
 private:
     void OnDelete() noexcept override { m_surface.reset(); }
-    BOOL Adopt(std::shared_ptr<Ostrel::Platform::Surface> surface);
 
     std::shared_ptr<Ostrel::Platform::Surface> m_surface;
 };

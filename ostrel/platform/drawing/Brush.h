@@ -20,7 +20,7 @@ public:
     [[nodiscard]] bool IsHollow() const noexcept { return m_hollow; }
     [[nodiscard]] COLORREF GetColor() const noexcept { return m_color; }
 
-    operator HBRUSH() const noexcept { return static_cast<HBRUSH>(GetSafeHandle()); }
+    operator HBRUSH() const { return static_cast<HBRUSH>(GetSafeHandle()); }
     [[nodiscard]] static CBrush* FromHandle(HBRUSH handle) noexcept;
 
 private:

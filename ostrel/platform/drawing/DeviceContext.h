@@ -40,8 +40,9 @@ public:
     [[nodiscard]] HDC GetSafeHdc();
     [[nodiscard]] static CDC* FromHandle(HDC handle) noexcept;
 
-    /// Draws on a surface, which must stay until Detach or the destructor: (0, 0) of the caller lies at `origin`, and
-    /// only the pixels of `visible` (both in the surface's coordinates) can be touched. Everything else begins anew.
+    /// Draws on a surface, which must stay, in its size, until Detach or the destructor: (0, 0) of the caller lies at
+    /// `origin`, and only the pixels of `visible` (both in the surface's coordinates) can be touched. Everything else
+    /// begins anew.
     void AttachSurface(Ostrel::Platform::Surface& surface, CPoint origin, Ostrel::Platform::Region const& visible);
     void AttachSurface(Ostrel::Platform::Surface& surface);
     /// The same for any target; takes ownership.
@@ -56,7 +57,8 @@ public:
     int SaveDC();
     BOOL RestoreDC(int saved);
 
-    // Selection. Null changes nothing and returns null; so does a bitmap for a context that is not a memory context.
+    // Selection. Null changes nothing and returns null, but for bitmaps: a memory context has none at first and null
+    // takes the bitmap out again. Other contexts take no bitmap.
     CPen* SelectObject(CPen* pen);
     CBrush* SelectObject(CBrush* brush);
     CFont* SelectObject(CFont* font);
@@ -115,8 +117,9 @@ public:
     BOOL DrawEdge(RECT* rect, UINT edge, UINT flags);
     BOOL DrawFrameControl(RECT* rect, UINT type, UINT state);
 
-    // Lines with the pen. The end point is not drawn. A dotted pen sets the pixels with an even x + y, counted on
-    // horizontal and vertical lines in that direction only: even x, or even y.
+    // Lines with the pen. The end point is not drawn. A dotted pen sets every other pixel: on horizontal lines those
+    // with an even x, on vertical ones those with an even y, whatever the ends are, so that neighbouring pieces of a
+    // line join. Other lines are solid.
     CPoint MoveTo(int x, int y) noexcept;
     CPoint MoveTo(POINT point) noexcept { return MoveTo(point.x, point.y); }
     [[nodiscard]] CPoint GetCurrentPosition() const noexcept { return m_state.position; }
@@ -183,33 +186,35 @@ private:
         Ostrel::Platform::Region clip; ///< within what is visible, in the target's coordinates
     };
 
-    struct TextBlock;
-
-    void SelectStockObjects();
     void Reset(CPoint origin, Ostrel::Platform::Region const& visible);
-    [[nodiscard]] CPoint Shift() const noexcept
-    {
-        return {m_origin.x + m_state.viewport.x, m_origin.y + m_state.viewport.y};
-    }
-    [[nodiscard]] CRect ToTarget(RECT const& rect) const noexcept { return CRect(rect) + Shift(); }
+    void ShowBitmap(CBitmap* bitmap);
+    [[nodiscard]] CPoint Shift() const noexcept;
+    /// In the target's coordinates; far outside ones are brought near, so that no arithmetic overflows.
+    [[nodiscard]] CPoint ToTarget(POINT point) const noexcept;
+    [[nodiscard]] CRect ToTarget(RECT const& rect) const noexcept;
     [[nodiscard]] Ostrel::Platform::ClipRects Clip() const noexcept { return m_state.clip.Rects(); }
+    /// The clip within a rectangle; valid until the next call.
+    [[nodiscard]] Ostrel::Platform::ClipRects ClipTo(CRect const& targetRect);
     [[nodiscard]] bool CanDraw() const noexcept { return m_target != nullptr && !m_state.clip.IsEmpty(); }
-    void FillTarget(CRect const& rect, COLORREF color);
+    int ChangedClip() const noexcept { return Ostrel::Platform::RegionKind(m_state.clip); }
+
+    void StraightSegment(CRect const& pixels, bool horizontal, CPoint start);
     void Segment(CPoint from, CPoint to);
     void ThickSegment(CPoint from, CPoint to);
-    [[nodiscard]] int DottedPhase(bool horizontal, CPoint at) const noexcept;
-    [[nodiscard]] bool CopyPicture(CRect const& to, CDC* source, CRect const& from,
+    [[nodiscard]] bool DrawPicture(CRect const& to, CDC* source, CRect const& from,
                                    Ostrel::Platform::PictureMode const& mode);
-    int DrawBlock(TextBlock const& block, CRect& rect, UINT format);
-    int DrawTextBlock(std::string_view text, RECT* rect, UINT format);
-    void DrawOneLine(std::string_view text, int underlined, CRect const& box, int top, UINT format,
-                     Ostrel::Platform::ClipRects clip);
+
+    struct TextParts;
+    int DrawTextLines(TextParts const& parts, CRect const& rect, UINT format);
+    void DrawTextLine(TextParts const& parts, std::string_view text, CRect const& box, int top, UINT format);
+    [[nodiscard]] CSize MeasureLines(TextParts const& parts);
 
     std::unique_ptr<Ostrel::Platform::DrawTarget> m_target;
     Ostrel::Platform::Region m_visible;
     CPoint m_origin;
     State m_state;
     std::vector<State> m_saved;
+    std::vector<CRect> m_clipScratch;
     bool m_isMemory = false;
     CBitmap* m_bitmap = nullptr;
     std::shared_ptr<Ostrel::Platform::Surface> m_pixels; ///< of the selected bitmap

@@ -67,7 +67,7 @@ struct TEXTMETRIC
 namespace Ostrel::Platform
 {
 
-/// Number of a distinct font description within the process; 0 is the default GUI font at scale 1.
+/// Number of a distinct font description within the process; 0 stands for the default GUI font at the current scale.
 using FontId = unsigned;
 
 } // namespace Ostrel::Platform
@@ -89,7 +89,7 @@ public:
     int GetLogFont(LOGFONT* description) const noexcept;
     [[nodiscard]] Ostrel::Platform::FontId GetFontId() const noexcept { return m_fontId; }
 
-    operator HFONT() const noexcept { return static_cast<HFONT>(GetSafeHandle()); }
+    operator HFONT() const { return static_cast<HFONT>(GetSafeHandle()); }
     [[nodiscard]] static CFont* FromHandle(HFONT handle) noexcept;
 
 private:

@@ -15,8 +15,8 @@ public:
     CGdiObject& operator=(CGdiObject const&) = delete;
     virtual ~CGdiObject();
 
-    /// The handle, null while the object holds nothing or is null itself.
-    [[nodiscard]] HGDIOBJ GetSafeHandle() const noexcept { return m_hObject; }
+    /// The handle, made on first use; null while the object holds nothing.
+    [[nodiscard]] HGDIOBJ GetSafeHandle() const;
     /// Gives up what the object holds. FALSE when it held nothing.
     BOOL DeleteObject();
 
@@ -25,13 +25,14 @@ public:
 
 protected:
     CGdiObject() noexcept = default;
-    /// Takes a new handle in place of an old one.
-    void TakeHandle();
+    /// The object holds something from now on; its handle, if it had one, stays.
+    void MarkCreated() noexcept { m_created = true; }
     /// Releases what the derived class holds.
     virtual void OnDelete() noexcept {}
 
 private:
-    HGDIOBJ m_hObject = nullptr;
+    bool m_created = false;
+    mutable HGDIOBJ m_hObject = nullptr;
 };
 
 /// System fonts, brushes and pens that always exist and are never deleted.

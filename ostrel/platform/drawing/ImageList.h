@@ -51,7 +51,8 @@ public:
     /// Draws one image with its transparency; with ILD_NORMAL over the list's background colour if it has one. FALSE
     /// when there is no such image.
     BOOL Draw(CDC* dc, int index, POINT at, UINT style) const;
-    /// The same for the part of the image that lies in the size, over `background` (CLR_NONE for none).
+    /// The same for the part of the image that lies in the size, over `background`: CLR_NONE for
+    /// none, CLR_DEFAULT for what Draw does.
     BOOL DrawEx(CDC* dc, int index, POINT at, SIZE size, COLORREF background, COLORREF foreground, UINT style) const;
 
     /// CLR_NONE (the beginning) for transparent. Returns the previous colour.

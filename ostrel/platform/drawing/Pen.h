@@ -22,7 +22,7 @@ public:
     [[nodiscard]] int GetWidth() const noexcept { return m_width; }
     [[nodiscard]] COLORREF GetColor() const noexcept { return m_color; }
 
-    operator HPEN() const noexcept { return static_cast<HPEN>(GetSafeHandle()); }
+    operator HPEN() const { return static_cast<HPEN>(GetSafeHandle()); }
     [[nodiscard]] static CPen* FromHandle(HPEN handle) noexcept;
 
 private:

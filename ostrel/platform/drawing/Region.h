@@ -5,6 +5,7 @@
 // usual one) allocates nothing.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -57,7 +58,7 @@ private:
         Xor
     };
     void Combine(std::span<CRect const> other, Operation operation);
-    void Adopt(std::vector<CRect>& rects) noexcept;
+    void Replace(std::ptrdiff_t first, std::ptrdiff_t last, std::span<CRect const> rects);
 
     CRect m_bounds;
     std::vector<CRect> m_rects; ///< empty when the region is m_bounds alone

@@ -32,7 +32,7 @@ public:
     /// Takes over pixels; gives the object a handle if it has none.
     void SetRegion(Ostrel::Platform::Region region);
 
-    operator HRGN() const noexcept { return static_cast<HRGN>(GetSafeHandle()); }
+    operator HRGN() const { return static_cast<HRGN>(GetSafeHandle()); }
     [[nodiscard]] static CRgn* FromHandle(HRGN handle) noexcept;
 
 private:

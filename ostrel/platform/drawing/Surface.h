@@ -5,9 +5,9 @@
 // can always work on blocks of four pixels. Not locked: one thread at a time.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 
 #include <ostrel/platform/base/Export.h>
@@ -44,8 +44,8 @@ public:
 
     Surface(Surface const&) = delete;
     Surface& operator=(Surface const&) = delete;
-    Surface(Surface&&) noexcept = default;
-    Surface& operator=(Surface&&) noexcept = default;
+    Surface(Surface&& other) noexcept;
+    Surface& operator=(Surface&& other) noexcept;
     ~Surface() = default;
 
     [[nodiscard]] int Width() const noexcept { return m_width; }

@@ -117,6 +117,9 @@ OSTREL_PLATFORM_API int GetSystemMetrics(int metric) noexcept;
 namespace Ostrel::Platform
 {
 
+/// True for the numbers that name a system colour.
+[[nodiscard]] OSTREL_PLATFORM_API bool IsSystemColor(int colorIndex) noexcept;
+
 enum class ColorScheme
 {
     Light,
