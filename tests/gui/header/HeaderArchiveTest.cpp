@@ -47,9 +47,9 @@ void Fill(CHeader& header)
 
 void Replace(Bytes& bytes, std::string const& from, std::string const& to)
 {
-    auto const found = std::ranges::search(bytes, from);
-    ASSERT_FALSE(found.empty());
-    std::ranges::copy(to, found.begin());
+    auto const found = std::search(bytes.begin(), bytes.end(), from.begin(), from.end());
+    ASSERT_NE(found, bytes.end());
+    std::copy(to.begin(), to.end(), found);
 }
 
 TEST(ColumnArchiveTest, PlainColumn)
@@ -88,8 +88,8 @@ TEST(ColumnArchiveTest, ATextFormatComesBackWithItsSettings)
 
     // A newer block of the format is the archive's exception too.
     std::string const name = "Common::CLongFormat";
-    auto const found = std::ranges::search(bytes, name);
-    found.end()[4] = 2;
+    auto const found = std::search(bytes.begin(), bytes.end(), name.begin(), name.end());
+    found[static_cast<std::ptrdiff_t>(name.size()) + 4] = 2; // behind the length of the block
     EXPECT_EQ(Load(*loaded, bytes), CArchiveException::badSchema);
 }
 
