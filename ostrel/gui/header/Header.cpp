@@ -36,11 +36,13 @@ std::shared_ptr<HeaderLayout const> CHeader::GetLayout() const
 
 bool CHeader::Add(CColumn* column)
 {
-    if (column == nullptr || !m_impl->Append(column))
+    // Held during the event: another thread may remove the column meanwhile.
+    Impl::ColumnPtr const added = column != nullptr ? m_impl->Append(column) : nullptr;
+    if (added == nullptr)
     {
         return false;
     }
-    m_impl->Raise(column, ColumnAdded);
+    m_impl->Raise(added.get(), ColumnAdded);
     return true;
 }
 

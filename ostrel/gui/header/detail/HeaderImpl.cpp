@@ -65,26 +65,28 @@ void CHeader::Impl::CopyFrom(CHeader::Impl const& other)
     PublishLocked(std::move(columns));
 }
 
-bool CHeader::Impl::Append(CColumn* column)
+CHeader::Impl::ColumnPtr CHeader::Impl::Append(CColumn* column)
 {
     long const fid = column->GetFid();
     if (fid == -1 || fid == -2)
     {
-        return false;
+        return nullptr;
     }
+    ColumnPtr added;
     {
         MutexLock const lock(m_layoutLock);
         if (m_layout->PositionOf(fid) >= 0)
         {
-            return false;
+            return nullptr;
         }
+        added = ColumnPtr(column);
         HeaderLayout::Columns columns = m_layout->AllColumns();
-        columns.emplace_back(column);
+        columns.push_back(added);
         PublishLocked(std::move(columns));
     }
-    column->Subscribe(this);
+    added->Subscribe(this);
     Refresh(); // for what another thread changed before the subscription
-    return true;
+    return added;
 }
 
 CHeader::Impl::ColumnPtr CHeader::Impl::TakeOut(long fid)

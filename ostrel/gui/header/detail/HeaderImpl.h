@@ -68,8 +68,8 @@ public:
 
     /// Columns and settings of another header, before anybody knows this one.
     void CopyFrom(CHeader::Impl const& other);
-    /// False when the fid is taken or reserved; the column is then still the caller's.
-    bool Append(CColumn* column);
+    /// The column, now owned, or null when its fid is taken or reserved and it is still the caller's.
+    ColumnPtr Append(CColumn* column);
     /// The column that was taken out, or null.
     ColumnPtr TakeOut(long fid);
     HeaderLayout::Columns TakeOutAll();
