@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+
+#include <ostrel/gui/paint/ColumnPaintInfo.h>
+#include <ostrel/gui/paint/CustomDraw.h>
+#include <ostrel/gui/paint/GridCell.h>
+#include <ostrel/gui/paint/GridLine.h>
+#include <ostrel/gui/paint/HeaderPaintInfo.h>
+#include <ostrel/gui/paint/PaintContext.h>
+#include <ostrel/gui/paint/PaintFilter.h>
+#include <ostrel/gui/paint/PaintHelper.h>
+#include <ostrel/platform/base/Clock.h>
+#include <ostrel/platform/drawing/SystemLook.h>
+
+#include "PaintScene.h"
+
+using namespace Ostrel::GUI;
+using namespace PaintTest;
+using Ostrel::Platform::Surface;
+
+namespace
+{
+
+/// Writes down what is drawn, in order, and then draws it.
+class Recorder : public CCustomDraw
+{
+public:
+    Recorder() : CCustomDraw(false) {}
+
+    void DrawHeader(CHeaderPaintInfo& info, CPaintContext const& context, unsigned int filter) override
+    {
+        calls += "header";
+        CCustomDraw::DrawHeader(info, context, filter);
+        calls += "; ";
+    }
+    void DrawColumn(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) override
+    {
+        calls += info.GetColumn() != nullptr ? " " + info.GetColumn()->GetName() : " -";
+        CCustomDraw::DrawColumn(info, context, filter);
+    }
+    void DrawLine(CGridLine& line, CPaintContext const& context, unsigned int filter) override
+    {
+        calls += line.GetContextType() == FixedContext ? "fixed " : "row ";
+        calls += std::to_string(line.GetRow()) + (line.GetItem() == nullptr ? " empty" : "") + ":";
+        CCustomDraw::DrawLine(line, context, filter);
+        calls += "; ";
+    }
+    void DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter) override
+    {
+        calls += " " + (cell.GetColumn() != nullptr ? cell.GetColumn()->GetName() : std::string("-"));
+        CRect const clip = cell.GetPaintInfo().GetClipRect();
+        if (!cellText.empty())
+        {
+            cellText += " ";
+        }
+        cellText += cell.GetFormattedStlString();
+        lastRects = {cell.GetPaintInfo().GetVirtualRect(), cell.GetPaintInfo().GetVisibleRect(), clip};
+        CCustomDraw::DrawCell(cell, context, filter);
+    }
+
+    [[nodiscard]] std::string Take() { return std::exchange(calls, {}); }
+
+    std::string calls;
+    std::string cellText;
+    std::array<CRect, 3> lastRects; ///< virtual, visible, clip
+};
+
+} // namespace
+
+TEST(PaintPassTest, DrawsTopToBottomAndLeftToRight)
+{
+    Recorder recorder;
+    Scene scene({300, 86});
+    scene.grid.SetCustomDraw(&recorder);
+    scene.AddRow(FixedRoot, "f", 1);
+    scene.AddRow(ScrollableRoot, "s", 2);
+    static_cast<void>(scene.Paint());
+    EXPECT_EQ(recorder.Take(), "header Name Count Price -; fixed 0: Name Count Price -; row 0: Name Count Price -; "
+                               "row 1 empty: Name Count Price -; ");
+    EXPECT_EQ(recorder.cellText.substr(0, 3), "f 1");
+}
+
+TEST(PaintPassTest, OneCellCostsOneCell)
+{
+    Recorder recorder;
+    Scene scene({300, 100});
+    scene.grid.SetCustomDraw(&recorder);
+    scene.AddRow();
+    scene.AddRow();
+    CRect const area(110, Scene::RowTop(1) + 2, 130, Scene::RowTop(1) + 9);
+    static_cast<void>(scene.Paint({area}));
+    EXPECT_EQ(recorder.Take(), "row 1: Count; ");
+    CRect const cell(100, Scene::RowTop(1), 160, Scene::RowTop(2));
+    EXPECT_EQ(recorder.lastRects[0], cell);
+    EXPECT_EQ(recorder.lastRects[1], cell);
+    EXPECT_EQ(recorder.lastRects[2], area);
+    static_cast<void>(scene.Paint({}));
+    EXPECT_EQ(recorder.Take(), "");
+}
+
+TEST(PaintPassTest, ColumnsUnderTheFixedOnesAreNotDrawn)
+{
+    Recorder recorder;
+    Scene scene({200, 36}, {50, 90, 120});
+    scene.grid.SetCustomDraw(&recorder);
+    scene.header->SetFixedColumnsCount(1);
+    scene.AddRow();
+    scene.ScrollTo(100);
+    static_cast<void>(scene.Paint());
+    EXPECT_EQ(recorder.Take(), "header Name Price -; row 0: Name Price -; ");
+}
+
+TEST(PaintPassTest, HiddenHeaderLeavesItsRoom)
+{
+    Recorder recorder;
+    Scene scene({300, 16});
+    scene.grid.SetCustomDraw(&recorder);
+    scene.grid.HideHeader();
+    scene.AddRow();
+    static_cast<void>(scene.Paint());
+    EXPECT_EQ(recorder.Take(), "row 0: Name Count Price -; ");
+}
+
+TEST(PaintPassTest, WithoutHeaderOnlyTheWindowColourShows)
+{
+    Recorder recorder;
+    Scene scene({60, 40});
+    scene.grid.SetCustomDraw(&recorder);
+    scene.AddRow();
+    CHeader* const header = scene.grid.SetHeader(nullptr);
+    Surface const pixels = scene.Paint();
+    EXPECT_EQ(recorder.Take(), "");
+    EXPECT_EQ(PixelsRight(pixels, {0, 30}, 60, GetSysColor(COLOR_WINDOW)), std::string(60, '#'));
+    scene.grid.SetHeader(header);
+}
+
+TEST(PaintPassTest, HighlightOverlayNeedsFilterAndPermission)
+{
+    Ostrel::Platform::Clock::SetManual(1000);
+    Scene scene({300, 60});
+    CGridItem* const item = scene.AddRow();
+    scene.grid.UpdateItem(item, kCountFid);
+    scene.grid.AllowHighlight(true);
+    CDC dc;
+    CPaintContext const context(scene.grid, scene.header, CRect(0, 0, 300, 60), dc, CDropPosition(), CRect(), NoContext,
+                                -1, nullptr, false, nullptr, CRect());
+    CPaintInfo const info(0, 0xFFFFFF, CRect(), CRect(), CRect(), nullptr, 2, 2, scene.grid.GetHighlightSettings());
+    CGridLine const line(info, ScrollableContext, 0, item, false, false);
+    CGridCell const cell(info, line, &scene.Column(kCountFid), nullptr, -1, false, nullptr);
+    CGridCell const filler(info, line, nullptr, nullptr, -1, false, nullptr);
+    CGridCell const other(info, line, &scene.Column(kNameFid), nullptr, -1, false, nullptr);
+
+    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(cell, context, PaintAll), CColorBlend(0x0000FF, 150));
+    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(filler, context, PaintAll), CColorBlend(0x0000FF, 150));
+    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(other, context, PaintAll), CColorBlend());
+    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(cell, context, PaintAll & ~PaintHighlight), CColorBlend());
+    EXPECT_EQ(CPaintHelper::GetNextPaintDelay(cell, context, PaintAll), 30);
+    EXPECT_EQ(CPaintHelper::GetNextPaintDelay(filler, context, PaintAll), 0);
+    EXPECT_EQ(CPaintHelper::GetNextPaintDelay(cell, context, PaintAll & ~PaintHighlight), 0);
+    scene.grid.AllowHighlight(false);
+    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(cell, context, PaintAll), CColorBlend());
+    EXPECT_EQ(CPaintHelper::GetNextPaintDelay(cell, context, PaintAll), 0);
+    Ostrel::Platform::Clock::SetRunning();
+}
+
+TEST(PaintPassTest, ContextsWithoutASnapshotSeeTheSame)
+{
+    Scene scene({300, 60});
+    CGridItem* const parent = scene.AddRow();
+    CGridItem* const child = scene.AddRow(parent);
+    scene.header->SetSort(0, CSortInfo(kCountFid, false));
+    CDC dc;
+    CPaintContext const context(scene.grid, scene.header, CRect(0, 0, 300, 60), dc, CDropPosition(), CRect(), NoContext,
+                                -1, nullptr, false, nullptr, CRect());
+    CPaintInfo info;
+    info.SetVirtualRect(CRect(0, 36, 100, 52));
+    CGridLine const line(info, ScrollableContext, 1, child, false, false);
+    CGridCell const name(info, line, scene.grid.GetHierarchicalColumn(), nullptr, -1, false, nullptr);
+    CGridCell const count(info, line, &scene.Column(kCountFid), nullptr, -1, false, nullptr);
+    EXPECT_EQ(CPaintHelper::GetIndentation(name, context, PaintAll), 32);
+    EXPECT_EQ(CPaintHelper::GetIndentation(name, context, PaintAll & ~PaintHierarchy), 0);
+    EXPECT_EQ(CPaintHelper::GetIndentation(count, context, PaintAll), 0);
+    EXPECT_EQ(CPaintHelper::GetSortedColumnColorBlend(count, context, PaintAll), CColorBlend(0xB496B4, 50));
+    EXPECT_EQ(CPaintHelper::GetSortedColumnColorBlend(name, context, PaintAll).GetOpacity(), 0);
+}

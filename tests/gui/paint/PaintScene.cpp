@@ -1,0 +1,98 @@
+#include "PaintScene.h"
+
+#include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/platform/display/headless/HeadlessDisplay.h>
+#include <ostrel/platform/window/MessageLoop.h>
+
+namespace PaintTest
+{
+
+using namespace Ostrel;
+
+Common::CFieldMap const* Row::GetFieldMap() const
+{
+    static auto const map = Common::CFieldMapBuilder<Row>()
+                                .Field(kNameFid, "Name", &Row::GetName)
+                                .Field(kCountFid, "Count", &Row::GetCount)
+                                .Field(kPriceFid, "Price", &Row::GetPrice)
+                                .Build();
+    return map.get();
+}
+
+Scene::Scene(CSize clientSize, std::vector<int> const& widths) : header(new GUI::CHeader)
+{
+    Platform::HeadlessDisplay::OfThread();
+    m_frame.SetAutoDelete(false);
+    m_frame.Create(nullptr, "scene", WS_OVERLAPPEDWINDOW, CRect(0, 0, clientSize.cx, clientSize.cy));
+    grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, clientSize.cx, clientSize.cy), &m_frame, 1);
+    char const* const names[] = {"Name", "Count", "Price"};
+    for (std::size_t fid = 0; fid < widths.size(); ++fid)
+    {
+        header->Add(new GUI::CColumn(static_cast<long>(fid), names[fid], widths[fid], GUI::CColumn::AlignAuto, false,
+                                     -1, -1, nullptr, nullptr, nullptr, ""));
+    }
+    grid.SetHeader(header);
+    header->SetHeaderHeight(kHeaderHeight);
+    state.clientRect = CRect(0, 0, clientSize.cx, clientSize.cy);
+    state.fixedRowHeight = kRowHeight;
+    state.scrollableRowHeight = kRowHeight;
+}
+
+Scene::~Scene()
+{
+    grid.DeleteAll(GUI::AllContexts);
+    m_frame.DestroyWindow();
+}
+
+GUI::CGridItem* Scene::AddRow(GUI::CGridItem* parent, std::string const& name, long count)
+{
+    m_rows.push_back(std::make_unique<Row>(name, count));
+    return grid.Add(m_rows.back().get(), parent, GUI::LastPosition);
+}
+
+void Scene::ScrollTo(int x)
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_POS;
+    info.nMax = 10000;
+    info.nPos = x;
+    grid.SetScrollInfo(SB_HORZ, &info, FALSE);
+}
+
+Platform::Surface Scene::Paint()
+{
+    return Paint({state.clientRect});
+}
+
+Platform::Surface Scene::Paint(std::vector<CRect> const& areas)
+{
+    Platform::Surface surface(state.clientRect.Width(), state.clientRect.Height());
+    CDC dc;
+    dc.AttachSurface(surface);
+    dc.FillSolidRect(state.clientRect, kUntouched);
+    GUI::Detail::PaintGrid(grid, state, dc, areas);
+    return surface;
+}
+
+std::string PixelsRight(Platform::Surface const& surface, CPoint from, int count, COLORREF ink)
+{
+    std::string pixels;
+    for (int x = from.x; x < from.x + count; ++x)
+    {
+        pixels += surface.ColorAt(x, from.y) == ink ? '#' : '.';
+    }
+    return pixels;
+}
+
+std::string PixelsDown(Platform::Surface const& surface, CPoint from, int count, COLORREF ink)
+{
+    std::string pixels;
+    for (int y = from.y; y < from.y + count; ++y)
+    {
+        pixels += surface.ColorAt(from.x, y) == ink ? '#' : '.';
+    }
+    return pixels;
+}
+
+} // namespace PaintTest

@@ -1,0 +1,79 @@
+// A grid in a hidden window of the headless display, painted into memory, for the tests of painting.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/grid/GridItem.h>
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/header/Header.h>
+#include <ostrel/gui/paint/Appearance.h>
+#include <ostrel/gui/paint/HighlightSettings.h>
+#include <ostrel/gui/paint/detail/GridPainter.h>
+#include <ostrel/platform/drawing/DeviceContext.h>
+#include <ostrel/platform/window/FrameWnd.h>
+
+namespace PaintTest
+{
+
+inline constexpr long kNameFid = 0;
+inline constexpr long kCountFid = 1;
+inline constexpr long kPriceFid = 2;
+inline constexpr int kRowHeight = 16;
+inline constexpr int kHeaderHeight = 20;
+/// A colour that no part of a grid has.
+inline constexpr COLORREF kUntouched = RGB(255, 0, 254);
+
+class Row : public Ostrel::Common::CDataObject
+{
+public:
+    Row(std::string name, long count) : m_name(std::move(name)), m_count(count) {}
+
+    Ostrel::Common::CFieldMap const* GetFieldMap() const override;
+    std::string GetName() const { return m_name; }
+    long GetCount() const { return m_count; }
+    double GetPrice() const { return static_cast<double>(m_count) * 1.25; }
+
+private:
+    std::string m_name;
+    long m_count;
+};
+
+class Scene
+{
+public:
+    /// A window of that client size with a header of the columns Name (0), Count (1) and Price (2).
+    explicit Scene(CSize clientSize, std::vector<int> const& widths = {100, 60, 80});
+    ~Scene();
+
+    Ostrel::GUI::CGridItem* AddRow(Ostrel::GUI::CGridItem* parent = Ostrel::GUI::ScrollableRoot,
+                                   std::string const& name = "", long count = 0);
+    [[nodiscard]] Ostrel::GUI::CColumn& Column(long fid) const { return *header->GetColumnByFid(fid); }
+    /// Makes everything the cells show empty but their background and lines.
+    void HideText() { grid.SetPaintFilter(grid.GetPaintFilter() & ~1U); }
+    void ScrollTo(int x);
+
+    /// The pixels of the whole client area, or of some areas on ground of kUntouched.
+    [[nodiscard]] Ostrel::Platform::Surface Paint();
+    [[nodiscard]] Ostrel::Platform::Surface Paint(std::vector<CRect> const& areas);
+
+    /// Top of a scrollable row when nothing is fixed and nothing is scrolled.
+    [[nodiscard]] static int RowTop(int row) { return kHeaderHeight + row * kRowHeight; }
+
+    Ostrel::GUI::CGrid grid;
+    Ostrel::GUI::CHeader* header; ///< the grid owns it
+    Ostrel::GUI::Detail::GridPaintState state;
+
+private:
+    CFrameWnd m_frame;
+    std::vector<std::unique_ptr<Row>> m_rows;
+};
+
+/// One letter a pixel: '#' where it has the colour, '.' elsewhere. From a point to the right, or downward.
+[[nodiscard]] std::string PixelsRight(Ostrel::Platform::Surface const& surface, CPoint from, int count, COLORREF ink);
+[[nodiscard]] std::string PixelsDown(Ostrel::Platform::Surface const& surface, CPoint from, int count, COLORREF ink);
+
+} // namespace PaintTest
