@@ -176,8 +176,9 @@ public:
     void Serialize(CArchive& archive) override;
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
-    /// What a paint pass or a mouse move needs to know of the header, at one moment and without further locking. Keeps
-    /// the columns of that moment alive. For the library itself: the class is declared in a private header.
+    /// What a paint pass or a mouse move needs to know of the header, at one moment and without further locking. Hold
+    /// the pointer as long as anything of the layout is used: the header itself may have a newer one at any time. It
+    /// keeps the columns of its moment alive. For the library itself: the class is declared in a private header.
     [[nodiscard]] std::shared_ptr<HeaderLayout const> GetLayout() const;
 
 private:
