@@ -30,6 +30,7 @@ namespace Ostrel::GUI::Detail
 {
 class SequenceEditor;
 class SortOrder;
+enum class Ordering : std::int8_t;
 
 inline constexpr unsigned kNodeCapacity = 64;
 
@@ -95,6 +96,7 @@ public:
     [[nodiscard]] CGridItem* At(std::uint32_t position) const noexcept; ///< null when out of range
     [[nodiscard]] CGridItem* First() const noexcept;
     [[nodiscard]] CGridItem* Last() const noexcept;
+    [[nodiscard]] SequencePlace PlaceAt(std::uint32_t position) const noexcept; ///< the end when out of range
     [[nodiscard]] SequencePlace Begin() const noexcept;
     [[nodiscard]] SequencePlace End() const noexcept;
 
@@ -104,6 +106,19 @@ public:
     /// After the children that do not come after the item / before the children that do not come before it.
     [[nodiscard]] SequencePlace UpperBound(CGridItem const& item, SortOrder const& order) const noexcept;
     [[nodiscard]] SequencePlace LowerBound(CGridItem const& item, SortOrder const& order) const noexcept;
+
+    /// Calls the function with each child in order; it may not change the sequence.
+    template <class Function>
+    void ForEach(Function function) const
+    {
+        SequencePlace place = Begin();
+        for (CGridItem* child = ItemOf(place); child; ++place.slot, child = ItemOf(place))
+        {
+            function(*child);
+        }
+    }
+    /// Null while there are no children.
+    [[nodiscard]] SequenceNode* RootNode() const noexcept { return m_root; }
 
     void Insert(SequencePlace place, CGridItem& item);
     void Erase(CGridItem& item) noexcept;
@@ -121,8 +136,14 @@ public:
     [[nodiscard]] static CGridItem* Previous(CGridItem const& item) noexcept; ///< null before the first
     /// The item of a place, null at the end; steps over the end of a leaf.
     [[nodiscard]] static CGridItem* ItemOf(SequencePlace& place) noexcept;
+    /// The item's neighbour relative to the item, and the item relative to its other neighbour, by the neighbour's
+    /// cached key; Before when there is none.
+    [[nodiscard]] static Ordering CompareWithPrevious(CGridItem const& item, SortOrder const& order) noexcept;
+    [[nodiscard]] static Ordering CompareWithNext(CGridItem const& item, SortOrder const& order) noexcept;
+
     /// Takes over the item's rows; returns by how much the sum changed.
     static std::int32_t UpdateRows(CGridItem& item) noexcept;
+    static std::int32_t UpdateRows(SequencePlace place) noexcept;
     /// Takes over the item's first sort key.
     static void UpdateKey(CGridItem& item) noexcept;
     /// Takes over whether something below or at the item is selected; true if the whole sequence's answer changed.

@@ -16,7 +16,8 @@
 namespace Ostrel::Common
 {
 class CDataObject;
-}
+class CValue;
+} // namespace Ostrel::Common
 
 namespace Ostrel::GUI
 {
@@ -25,16 +26,15 @@ namespace Detail
 {
 class ItemExtras;
 class RowArea;
-struct SortValues;
 
-/// What few rows have. Defined in ItemExtras.h.
+// Deleters of what is not defined here.
 struct ItemExtrasDeleter
 {
     void operator()(ItemExtras* extras) const noexcept;
 };
 struct SortValuesDeleter
 {
-    void operator()(SortValues* values) const noexcept;
+    void operator()(Common::CValue* values) const noexcept;
 };
 } // namespace Detail
 
@@ -89,22 +89,24 @@ private:
     friend class Detail::SequenceEditor;
     friend class Detail::SortOrder;
 
-    Common::CDataObject* m_object;
-    CGridItem* m_parent = nullptr;
-    Detail::SequenceNode* m_leaf = nullptr; ///< of the parent's children
-    Detail::ChildSequence m_children;
+    // What searches, walks and updates read comes first.
     std::uint64_t m_sortPrefix = 0;
-    std::unique_ptr<Detail::SortValues, Detail::SortValuesDeleter> m_sortValues;
-    Detail::RowArea* m_area = nullptr;
-    Detail::CellUpdates m_updates;
-    std::unique_ptr<Detail::ItemExtras, Detail::ItemExtrasDeleter> m_extras;
-    std::int32_t m_rowUpdateMs = -1;
-    std::int32_t m_rowDeadlineMs = -1;
+    Detail::SequenceNode* m_leaf = nullptr; ///< of the parent's children
+    CGridItem* m_parent = nullptr;
+    Detail::ChildSequence m_children;
     std::uint8_t m_sortTag = 0;
+    std::uint8_t m_sortValueCount = 0;
     bool m_isExpanded : 1 = false;
     bool m_isSelected : 1 = false;
     bool m_isHidden : 1 = false;
     bool m_isRoot : 1 = false;
+    std::int32_t m_rowUpdateMs = -1;
+    Common::CDataObject* m_object;
+    Detail::RowArea* m_area = nullptr;
+    std::unique_ptr<Common::CValue[], Detail::SortValuesDeleter> m_sortValues;
+    Detail::CellUpdates m_updates;
+    std::unique_ptr<Detail::ItemExtras, Detail::ItemExtrasDeleter> m_extras;
+    std::int32_t m_rowDeadlineMs = -1;
 };
 
 } // namespace Ostrel::GUI

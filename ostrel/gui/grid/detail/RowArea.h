@@ -57,7 +57,7 @@ struct RowEvent
 struct RowChanges
 {
     bool wantsEvents = true; ///< false: `events` stays empty, which saves the O(m) of listing shown rows
-    std::vector<RowEvent> events;
+    std::vector<RowEvent> events{};
     int firstRow = -1;           ///< lowest row number at which the visible rows changed; -1: none did
     std::int64_t rowsShown = 0;  ///< rows that became visible
     std::int64_t rowsHidden = 0; ///< rows that ceased to be visible
@@ -180,10 +180,36 @@ public:
     [[nodiscard]] std::string CheckInvariants() const;
 
 private:
-    struct SubtreeTotals
-    {
-        int selected = 0;
-    };
+    struct ExpansionPlan;
+
+    // Placing.
+    [[nodiscard]] SequencePlace PlaceFor(CGridItem& item, CGridItem& parent, CGridItem* after);
+    [[nodiscard]] SequencePlace PlaceAfter(CGridItem const& parent, CGridItem* after) const noexcept;
+    static void Unlink(CGridItem& item) noexcept;
+    static void SetAreaOfSubtree(CGridItem& item, RowArea& area) noexcept;
+
+    /// Carry a change of the item's rows, or of whether something at or below it is selected, to its ancestors' sums.
+    static void CarryRows(CGridItem& item) noexcept;
+    static void CarrySelected(CGridItem& item) noexcept;
+
+    // Sorting.
+    void SortBelow(CGridItem& item);
+    void SortChildren(CGridItem& parent, std::vector<CGridItem*>& children);
+    bool MoveToItsPlace(CGridItem& item, Ordering toPrevious, Ordering toNext);
+
+    // Visibility.
+    /// True for a root, and for a visible row that is expanded.
+    [[nodiscard]] static bool ShowsChildren(CGridItem const& item) noexcept;
+    /// Visible rows above the place of an item whose parent shows its children.
+    [[nodiscard]] static int RowsAbove(CGridItem const& item) noexcept;
+    [[nodiscard]] bool AsksToHide(CGridItem& item) const;
+    void FindFlips(CGridItem& top, std::vector<CGridItem*>& flips) const;
+    static void Flip(std::vector<CGridItem*> const& items) noexcept;
+    static void SetExpanded(CGridItem& item, bool expanded) noexcept;
+    void Show(CGridItem& item, RowChanges& changes);
+    static void ReportShown(CGridItem& item, RowChanges& changes);
+    [[nodiscard]] ExpansionPlan PlanExpansion(CGridItem& top, Recursion recursion) const;
+    static void ReportExpansion(CGridItem& top, Recursion recursion, ExpansionPlan const& plan, RowChanges& changes);
 
     ContextType m_type;
     int m_rowHeight = 14;

@@ -61,7 +61,7 @@ public:
     [[nodiscard]] std::span<SortLevel const> Levels() const noexcept { return {m_levels, m_count}; }
     [[nodiscard]] bool IsEmpty() const noexcept { return m_count == 0; }
 
-    /// Recomputes an item's keys, also when there are no levels (then it has none).
+    /// Recomputes an item's keys.
     void ComputeKeys(CGridItem& item, IRowValues& values) const;
 
     [[nodiscard]] Ordering Compare(CGridItem const& a, CGridItem const& b) const noexcept;
@@ -77,7 +77,7 @@ public:
         {
             return prefixA < prefixB ? Ordering::Before : Ordering::After;
         }
-        return m_prefixSuffices && tagA > kLastTextTag ? Ordering::Equal : CompareValues(a, b);
+        return m_count <= 1 && tagA > kLastTextTag ? Ordering::Equal : CompareValues(a, b);
     }
 
     /// Sorts stably. O(n log n).
@@ -91,7 +91,6 @@ private:
 
     SortLevel m_levels[kMaxLevels];
     unsigned m_count = 0;
-    bool m_prefixSuffices = true; ///< one level only
 };
 
 } // namespace Ostrel::GUI::Detail

@@ -1,0 +1,334 @@
+#include "ChildSequence.h"
+
+#include <algorithm>
+#include <bit>
+#include <new>
+
+#include <ostrel/gui/grid/detail/SequenceEditor.h>
+#include <ostrel/gui/grid/detail/SortOrder.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+
+/// The slot that holds the n-th thing, counting by the array; `n` becomes relative to that slot.
+unsigned Descend(std::uint32_t const* amounts, std::uint32_t& n) noexcept
+{
+    unsigned slot = 0;
+    while (n >= amounts[slot])
+    {
+        n -= amounts[slot++];
+    }
+    return slot;
+}
+
+std::uint32_t SumBefore(std::uint32_t const* amounts, unsigned slot) noexcept
+{
+    std::uint32_t sum = 0;
+    for (unsigned i = 0; i < slot; ++i)
+    {
+        sum += amounts[i];
+    }
+    return sum;
+}
+
+SequenceNode* FirstLeaf(SequenceNode* node) noexcept
+{
+    while (!node->m_isLeaf)
+    {
+        node = node->Child(0);
+    }
+    return node;
+}
+
+SequenceNode* LastLeaf(SequenceNode* node) noexcept
+{
+    while (!node->m_isLeaf)
+    {
+        node = node->Child(node->m_count - 1U);
+    }
+    return node;
+}
+
+SequenceNode* NextLeaf(SequenceNode* node) noexcept
+{
+    while (node->m_parent && node->m_slot + 1U == node->m_parent->m_count)
+    {
+        node = node->m_parent;
+    }
+    return node->m_parent ? FirstLeaf(node->m_parent->Child(node->m_slot + 1U)) : nullptr;
+}
+
+SequenceNode* PreviousLeaf(SequenceNode* node) noexcept
+{
+    while (node->m_parent && node->m_slot == 0)
+    {
+        node = node->m_parent;
+    }
+    return node->m_parent ? LastLeaf(node->m_parent->Child(node->m_slot - 1U)) : nullptr;
+}
+
+/// Finds the first slot from `from` on for which the predicate on the slot's order relative to an item no longer holds.
+template <class Goes>
+class Bisection
+{
+public:
+    Bisection(CGridItem const& item, std::uint64_t prefix, std::uint8_t tag, SortOrder const& order, Goes goes) noexcept
+        : m_item(item), m_prefix(prefix), m_tag(tag), m_order(order), m_goes(goes)
+    {}
+
+    [[nodiscard]] SequencePlace Find(SequenceNode* node) const noexcept
+    {
+        while (!node->m_isLeaf)
+        {
+            node = node->Child(SlotIn(node, 1) - 1U);
+        }
+        return {node, SlotIn(node, 0)};
+    }
+
+private:
+    [[nodiscard]] unsigned SlotIn(SequenceNode* node, unsigned from) const noexcept
+    {
+        std::uint64_t const* const prefixes = node->Prefixes();
+        std::uint8_t const* const tags = node->Tags();
+        CGridItem* const* const items = node->Items();
+        unsigned to = node->m_count;
+        while (from < to)
+        {
+            unsigned const middle = (from + to) / 2;
+            bool const goes =
+                m_goes(m_order.Compare(prefixes[middle], tags[middle], *items[middle], m_prefix, m_tag, m_item));
+            from = goes ? middle + 1 : from;
+            to = goes ? to : middle;
+        }
+        return from;
+    }
+
+    CGridItem const& m_item;
+    std::uint64_t m_prefix;
+    std::uint8_t m_tag;
+    SortOrder const& m_order;
+    Goes m_goes;
+};
+
+} // namespace
+
+unsigned SequenceNode::SlotOf(CGridItem const* item) noexcept
+{
+    CGridItem* const* const items = Items();
+    return static_cast<unsigned>(std::find(items, items + m_count, item) - items);
+}
+
+CGridItem* ChildSequence::At(std::uint32_t position) const noexcept
+{
+    SequencePlace place = PlaceAt(position);
+    return ItemOf(place);
+}
+
+SequencePlace ChildSequence::PlaceAt(std::uint32_t position) const noexcept
+{
+    if (position >= Count())
+    {
+        return End();
+    }
+    SequenceNode* node = m_root;
+    while (!node->m_isLeaf)
+    {
+        node = node->Child(Descend(node->Counts(), position));
+    }
+    return {node, position};
+}
+
+CGridItem* ChildSequence::First() const noexcept
+{
+    return m_root ? FirstLeaf(m_root)->ItemAt(0) : nullptr;
+}
+
+CGridItem* ChildSequence::Last() const noexcept
+{
+    SequencePlace const end = End();
+    return end.leaf ? end.leaf->ItemAt(end.slot - 1) : nullptr;
+}
+
+SequencePlace ChildSequence::Begin() const noexcept
+{
+    return {m_root ? FirstLeaf(m_root) : nullptr, 0};
+}
+
+SequencePlace ChildSequence::End() const noexcept
+{
+    SequenceNode* const leaf = m_root ? LastLeaf(m_root) : nullptr;
+    return {leaf, leaf ? leaf->m_count : 0U};
+}
+
+CGridItem* ChildSequence::AtRow(std::uint32_t& row) const noexcept
+{
+    SequenceNode* node = m_root;
+    while (!node->m_isLeaf)
+    {
+        node = node->Child(Descend(node->Rows(), row));
+    }
+    return node->ItemAt(Descend(node->Rows(), row));
+}
+
+SequencePlace ChildSequence::UpperBound(CGridItem const& item, SortOrder const& order) const noexcept
+{
+    auto const goes = [](Ordering ordering) { return ordering != Ordering::After; };
+    return m_root ? Bisection(item, item.m_sortPrefix, item.m_sortTag, order, goes).Find(m_root) : SequencePlace();
+}
+
+SequencePlace ChildSequence::LowerBound(CGridItem const& item, SortOrder const& order) const noexcept
+{
+    auto const goes = [](Ordering ordering) { return ordering == Ordering::Before; };
+    return m_root ? Bisection(item, item.m_sortPrefix, item.m_sortTag, order, goes).Find(m_root) : SequencePlace();
+}
+
+void ChildSequence::Insert(SequencePlace place, CGridItem& item)
+{
+    SequenceEditor(m_root).Insert(place, item);
+}
+
+void ChildSequence::Erase(CGridItem& item) noexcept
+{
+    SequenceEditor(m_root).Erase(item);
+}
+
+void ChildSequence::Assign(std::span<CGridItem* const> items)
+{
+    SequenceNode* built = nullptr;
+    SequenceEditor(built).Build(items);
+    Clear();
+    m_root = built;
+}
+
+void ChildSequence::Clear() noexcept
+{
+    SequenceEditor(m_root).FreeAll();
+}
+
+SequencePlace ChildSequence::PlaceOf(CGridItem const& item) noexcept
+{
+    return {item.m_leaf, item.m_leaf->SlotOf(&item)};
+}
+
+std::uint32_t ChildSequence::PositionOf(CGridItem const& item) noexcept
+{
+    return PositionOf(PlaceOf(item));
+}
+
+std::uint32_t ChildSequence::PositionOf(SequencePlace place) noexcept
+{
+    std::uint32_t position = place.slot;
+    if (place.leaf)
+    {
+        for (SequenceNode* node = place.leaf; node->m_parent; node = node->m_parent)
+        {
+            position += SumBefore(node->m_parent->Counts(), node->m_slot);
+        }
+    }
+    return position;
+}
+
+std::uint32_t ChildSequence::RowsBefore(CGridItem const& item) noexcept
+{
+    SequenceNode* node = item.m_leaf;
+    std::uint32_t rows = SumBefore(node->Rows(), node->SlotOf(&item));
+    for (; node->m_parent; node = node->m_parent)
+    {
+        rows += SumBefore(node->m_parent->Rows(), node->m_slot);
+    }
+    return rows;
+}
+
+CGridItem* ChildSequence::ItemOf(SequencePlace& place) noexcept
+{
+    if (place.leaf && place.slot == place.leaf->m_count)
+    {
+        place = {NextLeaf(place.leaf), 0};
+    }
+    return place.leaf ? place.leaf->ItemAt(place.slot) : nullptr;
+}
+
+Ordering ChildSequence::CompareWithPrevious(CGridItem const& item, SortOrder const& order) noexcept
+{
+    SequencePlace const place = PlaceOf(item);
+    if (place.slot == 0)
+    {
+        CGridItem const* const previous = Previous(item);
+        return previous ? order.Compare(*previous, item) : Ordering::Before;
+    }
+    unsigned const slot = place.slot - 1;
+    SequenceNode& leaf = *place.leaf;
+    return order.Compare(leaf.Prefixes()[slot], leaf.Tags()[slot], *leaf.ItemAt(slot), item.m_sortPrefix,
+                         item.m_sortTag, item);
+}
+
+Ordering ChildSequence::CompareWithNext(CGridItem const& item, SortOrder const& order) noexcept
+{
+    SequencePlace place = PlaceOf(item);
+    ++place.slot;
+    CGridItem const* const next = ItemOf(place);
+    return next ? order.Compare(item.m_sortPrefix, item.m_sortTag, item, place.leaf->Prefixes()[place.slot],
+                                place.leaf->Tags()[place.slot], *next)
+                : Ordering::Before;
+}
+
+CGridItem* ChildSequence::Next(CGridItem const& item) noexcept
+{
+    SequencePlace place = PlaceOf(item);
+    ++place.slot;
+    return ItemOf(place);
+}
+
+CGridItem* ChildSequence::Previous(CGridItem const& item) noexcept
+{
+    SequencePlace const place = PlaceOf(item);
+    if (place.slot > 0)
+    {
+        return place.leaf->ItemAt(place.slot - 1);
+    }
+    SequenceNode* const leaf = PreviousLeaf(place.leaf);
+    return leaf ? leaf->ItemAt(leaf->m_count - 1U) : nullptr;
+}
+
+std::int32_t ChildSequence::UpdateRows(CGridItem& item) noexcept
+{
+    return UpdateRows(PlaceOf(item));
+}
+
+std::int32_t ChildSequence::UpdateRows(SequencePlace place) noexcept
+{
+    std::uint32_t& rows = place.leaf->Rows()[place.slot];
+    std::uint32_t const change = place.leaf->ItemAt(place.slot)->Rows() - rows; // modulo 2^32, as the sums below
+    rows += change;
+    for (SequenceNode* node = place.leaf; change != 0; node = node->m_parent)
+    {
+        node->m_rows += change;
+        if (!node->m_parent)
+        {
+            break;
+        }
+        node->m_parent->Rows()[node->m_slot] += change;
+    }
+    return static_cast<std::int32_t>(change);
+}
+
+void ChildSequence::UpdateKey(CGridItem& item) noexcept
+{
+    SequencePlace const place = PlaceOf(item);
+    place.leaf->Prefixes()[place.slot] = item.m_sortPrefix;
+    place.leaf->Tags()[place.slot] = item.m_sortTag;
+    if (place.slot == 0)
+    {
+        SequenceEditor::PublishFirst(*place.leaf);
+    }
+}
+
+bool ChildSequence::UpdateSelected(CGridItem& item) noexcept
+{
+    SequencePlace const place = PlaceOf(item);
+    return SequenceEditor::SetSelectedBit(*place.leaf, place.slot, item.HasSelected());
+}
+
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,268 @@
+#include "RowArea.h"
+
+#include <algorithm>
+
+#include <ostrel/gui/grid/detail/ItemPool.h>
+#include <ostrel/gui/grid/detail/TreeWalk.h>
+
+namespace Ostrel::GUI::Detail
+{
+
+RowArea::RowArea(ContextType type, IRowValues* values)
+    : m_type(type), m_values(values), m_root(ItemPool::Create(nullptr))
+{
+    m_root->m_area = this;
+    m_root->m_isRoot = true;
+    m_root->m_isExpanded = true;
+}
+
+RowArea::~RowArea()
+{
+    DestroyAll();
+    ItemPool::Destroy(m_root);
+}
+
+bool RowArea::Contains(CGridItem const* handle) const noexcept
+{
+    return ItemPool::IsLive(handle) && handle->m_area == this;
+}
+
+RowArea& RowArea::Detached() noexcept
+{
+    static RowArea* const area = new RowArea(NoContext, nullptr); // rows may outlive every static object
+    return *area;
+}
+
+CGridItem* RowArea::CreateItem(Common::CDataObject* object)
+{
+    CGridItem* const item = ItemPool::Create(object);
+    item->m_area = &Detached();
+    return item;
+}
+
+void RowArea::DestroyDetached(CGridItem& item) noexcept
+{
+    WalkSubtree(
+        item, [](CGridItem&) { return true; }, [](CGridItem& left) { ItemPool::Destroy(&left); });
+}
+
+void RowArea::DestroyAll() noexcept
+{
+    WalkSubtree(
+        *m_root, [](CGridItem&) { return true; },
+        [this](CGridItem& left)
+        {
+            if (&left != m_root)
+            {
+                ItemPool::Destroy(&left);
+            }
+        });
+    m_root->m_children.Clear();
+    m_selectedCount = 0;
+}
+
+std::vector<CGridItem*> RowArea::DeletionOrder(CGridItem& item)
+{
+    std::vector<CGridItem*> items;
+    WalkSubtree(item,
+                [&](CGridItem& entered)
+                {
+                    if (!entered.m_isRoot)
+                    {
+                        items.push_back(&entered);
+                    }
+                    return true;
+                });
+    std::ranges::reverse(items);
+    return items;
+}
+
+void RowArea::Insert(CGridItem& item, CGridItem& parent, CGridItem* after, RowChanges& changes)
+{
+    SetAreaOfSubtree(item, *this);
+    item.m_parent = &parent;
+    item.m_isHidden = true; // so that it takes no rows until the filter was asked
+    try
+    {
+        parent.m_children.Insert(PlaceFor(item, parent, after), item);
+        CarrySelected(parent);
+        Show(item, changes);
+    }
+    catch (...)
+    {
+        Unlink(item);
+        throw;
+    }
+}
+
+SequencePlace RowArea::PlaceFor(CGridItem& item, CGridItem& parent, CGridItem* after)
+{
+    if (!IsSorted())
+    {
+        return PlaceAfter(parent, after);
+    }
+    m_order.ComputeKeys(item, *m_values);
+    SortBelow(item);
+    return parent.m_children.UpperBound(item, m_order);
+}
+
+SequencePlace RowArea::PlaceAfter(CGridItem const& parent, CGridItem* after) const noexcept
+{
+    if (after == FirstPosition || after == &parent)
+    {
+        return parent.m_children.Begin();
+    }
+    if (!Contains(after))
+    {
+        return parent.m_children.End();
+    }
+    while (after && after->m_parent != &parent)
+    {
+        after = after->m_parent;
+    }
+    if (!after)
+    {
+        return parent.m_children.End();
+    }
+    SequencePlace place = ChildSequence::PlaceOf(*after);
+    ++place.slot;
+    return place;
+}
+
+void RowArea::Remove(CGridItem& item, RowChanges& changes)
+{
+    if (IsVisible(item))
+    {
+        changes.Touch(RowOf(item));
+        changes.rowsHidden += item.Rows();
+    }
+    Unlink(item);
+}
+
+void RowArea::Unlink(CGridItem& item) noexcept
+{
+    CGridItem& parent = *item.m_parent;
+    if (item.m_leaf)
+    {
+        parent.m_children.Erase(item);
+        CarryRows(parent);
+        CarrySelected(parent);
+    }
+    item.m_parent = nullptr;
+    SetAreaOfSubtree(item, Detached());
+}
+
+void RowArea::SetAreaOfSubtree(CGridItem& item, RowArea& area) noexcept
+{
+    RowArea& from = *item.m_area;
+    int selected = 0;
+    WalkSubtree(item,
+                [&](CGridItem& entered)
+                {
+                    entered.m_area = &area;
+                    selected += entered.m_isSelected ? 1 : 0;
+                    return true;
+                });
+    // The detached area is shared by threads and counts nothing.
+    from.m_selectedCount -= from.m_type == NoContext ? 0 : selected;
+    area.m_selectedCount += area.m_type == NoContext ? 0 : selected;
+}
+
+void RowArea::CarryRows(CGridItem& item) noexcept
+{
+    for (CGridItem* at = &item; at->m_leaf && ChildSequence::UpdateRows(*at) != 0; at = at->m_parent)
+    {}
+}
+
+void RowArea::CarrySelected(CGridItem& item) noexcept
+{
+    for (CGridItem* at = &item; at->m_leaf && ChildSequence::UpdateSelected(*at); at = at->m_parent)
+    {}
+}
+
+void RowArea::Sort(std::span<SortLevel const> levels)
+{
+    m_order.SetLevels(levels);
+    if (IsSorted())
+    {
+        SortBelow(*m_root);
+    }
+}
+
+void RowArea::SortBelow(CGridItem& item)
+{
+    std::vector<CGridItem*> children;
+    WalkSubtree(item,
+                [&](CGridItem& entered)
+                {
+                    SortChildren(entered, children);
+                    return true;
+                });
+}
+
+void RowArea::SortChildren(CGridItem& parent, std::vector<CGridItem*>& children)
+{
+    if (!parent.HasChildren())
+    {
+        return;
+    }
+    children.clear();
+    children.reserve(parent.m_children.Count());
+    parent.m_children.ForEach(
+        [&](CGridItem& child)
+        {
+            m_order.ComputeKeys(child, *m_values);
+            children.push_back(&child);
+        });
+    m_order.Sort(children);
+    parent.m_children.Assign(children);
+}
+
+RowMove RowArea::Reposition(CGridItem& item)
+{
+    if (!IsSorted() || !item.m_leaf)
+    {
+        return {};
+    }
+    m_order.ComputeKeys(item, *m_values);
+    Ordering const toPrevious = ChildSequence::CompareWithPrevious(item, m_order);
+    Ordering const toNext = ChildSequence::CompareWithNext(item, m_order);
+    auto const isInOrder = [](Ordering ordering)
+    { return ordering == Ordering::Before || ordering == Ordering::Equal; };
+    if (isInOrder(toPrevious) && isInOrder(toNext))
+    {
+        ChildSequence::UpdateKey(item);
+        return {};
+    }
+    int const from = RowOf(item);
+    if (!MoveToItsPlace(item, toPrevious, toNext))
+    {
+        return {};
+    }
+    return {true, from, RowOf(item), from >= 0 ? static_cast<int>(item.Rows()) : 0};
+}
+
+/// Leaves the order before the item alone if that is right, else goes behind the last one that does not come after it;
+/// likewise to the other side. Neighbours whose keys do not compare say nothing, so then both sides are searched.
+bool RowArea::MoveToItsPlace(CGridItem& item, Ordering toPrevious, Ordering toNext)
+{
+    ChildSequence& siblings = item.m_parent->m_children;
+    std::uint32_t const oldPosition = ChildSequence::PositionOf(item);
+    bool const isCertain =
+        toPrevious == Ordering::After || (toPrevious != Ordering::Incomparable && toNext == Ordering::After);
+    siblings.Erase(item);
+    SequencePlace place = toPrevious == Ordering::After || !isCertain ? siblings.UpperBound(item, m_order)
+                                                                      : siblings.LowerBound(item, m_order);
+    if (!isCertain && ChildSequence::PositionOf(place) >= oldPosition)
+    {
+        place = siblings.LowerBound(item, m_order);
+        if (ChildSequence::PositionOf(place) < oldPosition)
+        {
+            place = siblings.PlaceAt(oldPosition);
+        }
+    }
+    siblings.Insert(place, item);
+    return ChildSequence::PositionOf(item) != oldPosition;
+}
+
+} // namespace Ostrel::GUI::Detail
