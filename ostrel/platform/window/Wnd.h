@@ -211,5 +211,6 @@ private:
     HWND m_owner = nullptr;
     WNDPROC m_superProc = nullptr;
     bool m_isTemporary = false;
-    CWnd(HWND special, int) noexcept : m_hWnd(special) {}
+    /// A place in the z-order that passes for a window.
+    CWnd(HWND special, int) noexcept : m_hWnd(special), m_isTemporary(true) {}
 };

@@ -157,7 +157,8 @@ private:
     void PutEvent(HeadlessWindow& window, Event report);
     void PutBounds(HeadlessWindow& window);
     void UpdatePointerWindow();
-    void PutMouse(HeadlessWindow& window, MouseEvent event);
+    void PutMouse(HeadlessWindow& window, MouseEvent::Kind kind, MouseButton button = MouseButton::Left,
+                  int wheelDelta = 0);
     void PutButton(MouseButton button, bool down);
     void PutKey(UINT virtualKey, bool down, std::string text);
     [[nodiscard]] HeadlessWindow* PointerTarget() const noexcept;

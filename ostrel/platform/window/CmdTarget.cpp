@@ -1,0 +1,5 @@
+#include <ostrel/platform/window/CmdTarget.h>
+
+IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
+
+CCmdTarget::~CCmdTarget() = default;
