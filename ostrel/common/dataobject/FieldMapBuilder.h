@@ -13,9 +13,11 @@
 //
 // A getter is `T Get() const`; a setter is `void Set(T)`, for the text types `void Set(T const&)`. T is CString,
 // std::string, char, unsigned char, short, unsigned short, long, unsigned long, __int64, bool, float, double or
-// CDataObject*. They may be inherited, private (inside the class's own functions) and noexcept.
+// CDataObject*. They may be private (inside the class's own functions), noexcept, and declared in a base class that is
+// itself derived from CDataObject.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <type_traits>
@@ -60,7 +62,7 @@ namespace detail
 template <class Method>
 struct GetterTraits
 {};
-template <FieldValue T, class Class>
+template <FieldValue T, std::derived_from<CDataObject> Class>
 struct GetterTraits<T (Class::*)() const>
 {
     using Value = T;
@@ -110,7 +112,7 @@ struct AccessorPairTraits<std::nullptr_t, Setter> : SetterTraits<Setter>
 
 } // namespace detail
 
-/// `Class` derives from CDataObject. Its accessors may be declared in a base of it.
+/// `Class` derives from CDataObject, without virtual inheritance on the way.
 template <class Class>
 class CFieldMapBuilder
 {

@@ -8,6 +8,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include <ostrel/common/value/Type.h>
@@ -295,7 +296,7 @@ template <FieldValue T>
 {
     if constexpr (std::same_as<T, CString>)
     {
-        return a.Compare(b.GetString()) <=> 0;
+        return std::strcmp(a.GetString(), b.GetString()) <=> 0;
     }
     else if constexpr (std::same_as<T, long>)
     {

@@ -1,0 +1,153 @@
+// Threads that meet at one object. What counts is mostly what the thread sanitizer has to say.
+#include <atomic>
+#include <barrier>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <ostrel/Common.h>
+
+#include "Quote.h"
+
+namespace Ostrel::Common
+{
+namespace
+{
+
+using testing::CQuote;
+
+constexpr int kThreads = 4;
+constexpr int kRounds = 2000;
+
+/// Runs the call on all threads at once, with the number of the thread.
+template <class Call>
+void OnAllThreads(Call const& call)
+{
+    std::barrier start(kThreads);
+    std::vector<std::jthread> threads;
+    for (int number = 0; number < kThreads; ++number)
+    {
+        threads.emplace_back(
+            [&, number]
+            {
+                start.arrive_and_wait();
+                call(number);
+            });
+    }
+}
+
+class CCountingSink final : public CDataObject::ISink
+{
+public:
+    using ISink::OnUpdate;
+    void OnUpdate(long /*fid*/, CDataObject const* /*object*/) override { ++m_count; }
+
+    std::atomic<int> m_count = 0;
+};
+
+TEST(CommonThreadsTest, ALockIsHeldUntilItsLastUnlock)
+{
+    CSyncObject lock;
+    int shared = 0;
+    OnAllThreads(
+        [&](int)
+        {
+            for (int i = 0; i < kRounds; ++i)
+            {
+                lock.Lock();
+                {
+                    CLock const again(lock);
+                    ++shared;
+                }
+                ++shared;
+                lock.UnLock();
+            }
+        });
+    EXPECT_EQ(shared, 2 * kThreads * kRounds);
+}
+
+TEST(CommonThreadsTest, FirstSubscriptionsMeet)
+{
+    for (int round = 0; round < 200; ++round)
+    {
+        CCountingSink sinks[kThreads];
+        CQuote quote;
+        OnAllThreads([&](int number) { quote.AddSink(&sinks[number]); });
+        quote.NotifyUpdate(1);
+        for (CCountingSink const& sink : sinks)
+        {
+            ASSERT_EQ(sink.m_count, 1);
+        }
+    }
+}
+
+TEST(CommonThreadsTest, SinksComeAndGoWhileOthersNotify)
+{
+    CCountingSink steady;
+    CCountingSink sinks[kThreads];
+    CQuote quote;
+    quote.AddSink(&steady);
+    OnAllThreads(
+        [&](int number)
+        {
+            for (int i = 0; i < kRounds; ++i)
+            {
+                quote.AddSink(&sinks[number]);
+                quote.NotifyUpdate(i);
+                quote.RemoveSink(&sinks[number]);
+            }
+        });
+    EXPECT_EQ(steady.m_count, kThreads * kRounds);
+    for (CCountingSink const& sink : sinks)
+    {
+        EXPECT_GE(sink.m_count, kRounds);
+    }
+}
+
+TEST(CommonThreadsTest, DefaultFormatsAndTheFactoryServeAllThreads)
+{
+    std::atomic<int> same = 0;
+    std::atomic<int> added = 0;
+    CFormat* first[kThreads] = {};
+    OnAllThreads(
+        [&](int number)
+        {
+            first[number] = &CFormat::GetDefaultFormat(TypeDouble);
+            added += CFormatFactory::RegisterFormat("Test::Raced", &CDoubleFormat::CreateFormat) ? 1 : 0;
+            for (int i = 0; i < 200; ++i)
+            {
+                std::unique_ptr<CFormat> const made(CFormatFactory::Create("Common::CDoubleFormat"));
+                same += made->FormatStl(1.5 + i) == first[number]->FormatStl(1.5 + i) ? 1 : 0;
+            }
+        });
+    EXPECT_EQ(same, kThreads * 200);
+    EXPECT_EQ(added, 1);
+    EXPECT_EQ(first[0], first[kThreads - 1]);
+}
+
+TEST(CommonThreadsTest, AThreadProtectorAdmitsEveryThreadOnce)
+{
+    CThreadRecursionProtector protector;
+    std::atomic<int> refused = 0;
+    OnAllThreads(
+        [&](int)
+        {
+            for (int i = 0; i < kRounds; ++i)
+            {
+                CRecursionChecker const checker(protector);
+                try
+                {
+                    protector.Enter();
+                }
+                catch (CRecursionProtector::CRecursionException const&)
+                {
+                    ++refused;
+                }
+            }
+        });
+    EXPECT_EQ(refused, kThreads * kRounds);
+}
+
+} // namespace
+} // namespace Ostrel::Common
