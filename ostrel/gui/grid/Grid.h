@@ -25,7 +25,6 @@
 #include <ostrel/platform/base/String.h>
 #include <ostrel/platform/window/Wnd.h>
 
-class CArchive;
 class CFont;
 class CImageList;
 
@@ -73,6 +72,7 @@ public:
     ~CGrid() override;
 
     /// Creates the window as a child.
+    using CWnd::Create;
     BOOL Create(DWORD style, RECT const& rect, CWnd* parent, UINT controlId);
 
     // --- Rows: adding and removing ---
@@ -329,13 +329,6 @@ public:
     /// The grid's own font, null when it uses the preferences' font.
     CFont* GetFont() const;
 
-    // --- Settings ---
-
-    /// Stores or restores the settings; rows are not part of them. Throws CArchiveException.
-    void Serialize(CArchive& archive) override;
-    static int GetSerializeVertion() { return 1; }
-    static int GetSerializeVersion() { return 1; }
-
     // CWnd
     BOOL PreTranslateMessage(MSG* message) override;
 
@@ -346,7 +339,11 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    friend class Detail::GridCore;
+    using NavigationKey = void (IKeyManager::*)(CGrid& grid, bool shift, bool ctrl);
+
+    void Navigate(NavigationKey key, bool shift, bool ctrl);
+    LRESULT AfterDefault(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick);
 
     std::unique_ptr<Detail::GridCore> m_core;
 };

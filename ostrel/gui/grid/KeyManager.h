@@ -37,6 +37,8 @@ public:
     void OnPasteSelection(CGrid& grid) override;
 
 private:
+    int OnShortcut(CGrid& grid, unsigned int key);
+
     bool m_autoDelete;
 };
 } // namespace Ostrel::GUI

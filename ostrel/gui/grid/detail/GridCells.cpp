@@ -1,0 +1,111 @@
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/common/format/Format.h>
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/grid/detail/GridCells.h>
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/header/Header.h>
+#include <ostrel/gui/header/detail/HeaderLayout.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+ValueCache* CacheOf(CGridItem const& item) noexcept
+{
+    return item.Extras() != nullptr ? item.Extras()->valueCache.get() : nullptr;
+}
+
+CachedValue const* Cached(CGridItem const& item, long fieldId)
+{
+    ValueCache const* const cache = CacheOf(item);
+    if (cache == nullptr || CPreferences::GetThreadingMode() != CPreferences::SnapshotOnNotify)
+    {
+        return nullptr;
+    }
+    auto const found = cache->find(fieldId);
+    return found != cache->end() ? &found->second : nullptr;
+}
+
+void ReformatOne(CachedValue& cached, Common::CFormat const* format, Common::CDataObject const* object)
+{
+    if (format != nullptr)
+    {
+        cached.stlText = format->FormatStl(cached.value, object);
+        cached.mfcText = format->FormatMfc(cached.value, object);
+    }
+}
+} // namespace
+
+Common::CFormat const* GridCells::FormatOf(long fieldId) const
+{
+    auto const layout = m_core.Columns().Layout();
+    CColumn const* const column = layout != nullptr ? layout->ColumnOf(fieldId) : nullptr;
+    return column != nullptr ? column->GetTextFormat() : nullptr;
+}
+
+Common::CFormat const* GridCells::FormatInUse(long fieldId, Common::CFormat const* format) const
+{
+    return format != nullptr ? format : FormatOf(fieldId);
+}
+
+Common::CValue GridCells::Value(CGridItem const& item, long fieldId) const
+{
+    if (CachedValue const* const cached = Cached(item, fieldId))
+    {
+        return cached->value;
+    }
+    return item.Object() != nullptr ? item.Object()->GetValue(fieldId) : Common::CValue();
+}
+
+std::string GridCells::StlText(CGridItem const& item, long fieldId, Common::CFormat const* format) const
+{
+    if (CachedValue const* const cached = Cached(item, fieldId))
+    {
+        return cached->stlText;
+    }
+    Common::CFormat const* const used = FormatInUse(fieldId, format);
+    return item.Object() != nullptr ? item.Object()->GetFormattedStlString(fieldId, used) : std::string();
+}
+
+CString GridCells::MfcText(CGridItem const& item, long fieldId, Common::CFormat const* format) const
+{
+    if (CachedValue const* const cached = Cached(item, fieldId))
+    {
+        return cached->mfcText;
+    }
+    Common::CFormat const* const used = FormatInUse(fieldId, format);
+    return item.Object() != nullptr ? item.Object()->GetFormattedMfcString(fieldId, used) : CString();
+}
+
+void GridCells::Reformat(CGridItem& item, long fieldId) const
+{
+    ValueCache* const cache = CacheOf(item);
+    auto const layout = m_core.Columns().Layout();
+    if (cache == nullptr || layout == nullptr)
+    {
+        return;
+    }
+    if (fieldId >= 0)
+    {
+        if (auto const found = cache->find(fieldId); found != cache->end())
+        {
+            ReformatOne(found->second, FormatOf(fieldId), item.Object());
+        }
+        return;
+    }
+    for (auto const& column : layout->AllColumns())
+    {
+        if (auto const found = cache->find(column->GetFid()); found != cache->end())
+        {
+            ReformatOne(found->second, column->GetTextFormat(), item.Object());
+        }
+    }
+}
+
+Common::CValue GridCells::GetSortValue(CGridItem& item, long fieldId)
+{
+    return Value(item, fieldId);
+}
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,148 @@
+#include <vector>
+
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/GridLooks.h>
+#include <ostrel/gui/header/Header.h>
+#include <ostrel/gui/paint/ICustomDraw.h>
+#include <ostrel/gui/paint/detail/GridPainter.h>
+#include <ostrel/platform/drawing/DeviceContext.h>
+#include <ostrel/platform/window/PaintDC.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+// Beyond that many rectangles the bounds are cheaper to paint.
+constexpr std::size_t kMostAreas = 256;
+
+std::vector<CRect> AreasToPaint(HWND window)
+{
+    Platform::Region region;
+    if (!Platform::GetUpdateRegion(window, region))
+    {
+        return {};
+    }
+    auto const rects = region.Rects();
+    if (rects.size() > kMostAreas)
+    {
+        return {region.Bounds()};
+    }
+    return {rects.begin(), rects.end()};
+}
+} // namespace
+
+GridLooks::GridLooks(GridCore& core) : appearance(CPreferences::GetDefaultAppearance()), m_core(core) {}
+
+void GridLooks::SetFont(CFont const* font)
+{
+    LOGFONT description{};
+    if (font == nullptr || font->GetLogFont(&description) == 0)
+    {
+        m_font.reset();
+    }
+    else
+    {
+        m_font = std::make_unique<CFont>();
+        m_font->CreateFontIndirect(&description);
+    }
+    MeasureHeights();
+}
+
+CFont* GridLooks::FontInUse() const
+{
+    return m_font != nullptr ? m_font.get() : CPreferences::GetFont();
+}
+
+ICustomDraw& GridLooks::CustomDrawInUse() const
+{
+    return m_core.customDraw != nullptr ? *m_core.customDraw : *CPreferences::GetDefaultCustomDraw();
+}
+
+int GridLooks::OptimalRowHeight(ContextType type) const
+{
+    if (m_core.Area(type) == nullptr)
+    {
+        return 0;
+    }
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    return CustomDrawInUse().GetOptimalRowHeight(FontInUse(), dc);
+}
+
+void GridLooks::SetRowHeight(ContextType type, int height)
+{
+    GridArea& area = *m_core.Area(type);
+    if (height >= 1 && height != area.RowHeight())
+    {
+        area.SetRowHeight(height);
+    }
+}
+
+void GridLooks::MeasureRowHeights()
+{
+    for (ContextType const type : {FixedContext, ScrollableContext})
+    {
+        SetRowHeight(type, OptimalRowHeight(type));
+    }
+    m_core.Scroller().OnResized();
+    m_core.View().InvalidateAll();
+}
+
+void GridLooks::MeasureHeights()
+{
+    if (CHeader* const header = m_core.Columns().Header())
+    {
+        header->SetHeaderHeight(m_core.Columns().OptimalHeaderHeight());
+    }
+    MeasureRowHeights();
+}
+
+void GridLooks::GrowRowHeights()
+{
+    for (ContextType const type : {FixedContext, ScrollableContext})
+    {
+        SetRowHeight(type, std::max(m_core.Area(type)->RowHeight(), OptimalRowHeight(type)));
+    }
+}
+
+void GridLooks::RebuildBuffers()
+{
+    CGrid& grid = m_core.Grid();
+    if (grid.GetSafeHwnd() == nullptr)
+    {
+        return;
+    }
+    PaintBuffers::Options options;
+    grid.GetClientRect(&options.clientRect);
+    options.headerHeight = m_core.Columns().ShownHeight();
+    options.flickerFree = flickerFree;
+    options.background = backgroundImage;
+    CClientDC dc(&grid);
+    m_buffers.Rebuild(dc, options);
+}
+
+bool GridLooks::CanScrollPixels() const
+{
+    return m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty();
+}
+
+void GridLooks::Paint()
+{
+    CGrid& grid = m_core.Grid();
+    std::vector<CRect> const areas = AreasToPaint(grid.GetSafeHwnd());
+    CPaintDC dc(&grid);
+    m_core.Scroller().OnPainted();
+    if (areas.empty())
+    {
+        return;
+    }
+    GridPaintState state;
+    grid.GetClientRect(&state.clientRect);
+    state.offScreenBuffer = m_buffers.OffScreenBuffer();
+    state.backgroundImage = m_buffers.Background();
+    state.backgroundImageRect = m_buffers.BackgroundRect();
+    m_core.Mouse().DescribePaintState(state);
+    PaintGrid(grid, state, dc, areas);
+}
+} // namespace Ostrel::GUI::Detail

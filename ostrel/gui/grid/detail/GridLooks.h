@@ -1,0 +1,70 @@
+// How a grid looks: the settings that painting reads, the font and the heights that follow from it, and the window's
+// paint message, which hands the areas that need it to the paint pass.
+#pragma once
+
+#include <memory>
+
+#include <ostrel/gui/grid/ContextType.h>
+#include <ostrel/gui/paint/Appearance.h>
+#include <ostrel/gui/paint/BackgroundImage.h>
+#include <ostrel/gui/paint/HighlightSettings.h>
+#include <ostrel/gui/paint/PaintFilter.h>
+#include <ostrel/gui/paint/detail/PaintBuffers.h>
+#include <ostrel/platform/drawing/Font.h>
+
+class CImageList;
+
+namespace Ostrel::GUI
+{
+class ICustomDraw;
+}
+
+namespace Ostrel::GUI::Detail
+{
+class GridCore;
+
+class GridLooks
+{
+public:
+    explicit GridLooks(GridCore& core);
+
+    CAppearance appearance;
+    CBackgroundImage backgroundImage;
+    CHighlightSettings highlight{2000, 0x0000FF, 0x0000FF, 150, 150, 30, CHighlightSettings::BackFading};
+    unsigned int paintFilter = PaintAll;
+    bool flickerFree = false;
+    bool allowHighlight = false;
+    CImageList* imageList = nullptr; ///< not owned
+    bool stretchImages = false;
+    bool drawSeparator = true;
+    int separatorHeight = 2;
+
+    /// Copies the font; null goes back to the preferences' font.
+    void SetFont(CFont const* font);
+    [[nodiscard]] CFont* OwnFont() const noexcept { return m_font.get(); }
+    [[nodiscard]] CFont* FontInUse() const;
+    [[nodiscard]] ICustomDraw& CustomDrawInUse() const;
+
+    [[nodiscard]] int OptimalRowHeight(ContextType type) const;
+    /// Gives the areas and the header the heights that suit the font.
+    void MeasureHeights();
+    /// The areas only.
+    void MeasureRowHeights();
+    /// Where the text would not fit into the rows.
+    void GrowRowHeights();
+
+    void RebuildBuffers();
+    void DropBuffers() { m_buffers.Clear(); }
+    /// False while something lies over the rows that does not move with them.
+    [[nodiscard]] bool CanScrollPixels() const;
+    /// The window's paint message.
+    void Paint();
+
+private:
+    void SetRowHeight(ContextType type, int height);
+
+    GridCore& m_core;
+    std::unique_ptr<CFont> m_font;
+    PaintBuffers m_buffers;
+};
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,64 @@
+// The mouse over the rows: clicks that select and focus, expand buttons, and selecting by dragging over rows, with the
+// rubber band and with scrolling while the pointer is outside. What happens over the header goes to HeaderMouse.
+#pragma once
+
+#include <ostrel/gui/grid/detail/GridSelection.h>
+#include <ostrel/gui/grid/detail/HeaderMouse.h>
+#include <ostrel/platform/base/Types.h>
+
+namespace Ostrel::GUI::Detail
+{
+class GridMouse
+{
+public:
+    explicit GridMouse(GridCore& core) noexcept : m_core(core), m_header(core) {}
+
+    void OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick);
+    void OnMove(CPoint clientPoint);
+    void OnLeftUp(CPoint clientPoint, WPARAM keys);
+    /// Ends a drag in the header without its effect. False when there is none.
+    bool CancelHeaderGesture();
+    void OnLeave() { m_header.ClearHot(); }
+    /// The capture went elsewhere: whatever was going on ends.
+    void OnCaptureLost();
+    /// Selecting with the pointer outside the rows.
+    void OnTimer();
+    /// True when it has set the cursor.
+    bool OnSetCursor();
+
+    [[nodiscard]] bool IsPressed() const noexcept { return m_isPressed; }
+    /// In client pixels, empty while nothing is being selected by dragging.
+    [[nodiscard]] CRect RubberBand() const;
+    void DescribePaintState(GridPaintState& state) const;
+
+private:
+    using Place = GridSelection::Place;
+
+    [[nodiscard]] bool IsOnExpandButton(CPoint clientPoint, CGridItem const& item, CRect const& rowRect) const;
+    bool PressExpandButton(CPoint clientPoint, Place place);
+    void Click(Place place, bool shift, bool ctrl);
+    void ClickPlain(Place place);
+    void ClickWithShift(Place place);
+    void ClickWithCtrl(Place place);
+
+    void BeginTracking();
+    void Track(CPoint clientPoint);
+    void ExtendTo(Place place);
+    void EndTracking();
+    /// The row that the pointer stands for while selecting: outside, the nearest shown one.
+    [[nodiscard]] Place PlaceNear(CPoint clientPoint) const;
+    [[nodiscard]] int SequenceOf(Place place) const;
+    [[nodiscard]] Place PlaceOf(int sequence) const;
+    void MoveBand(CPoint to);
+
+    GridCore& m_core;
+    HeaderMouse m_header;
+    bool m_isPressed = false;
+    bool m_mayTrack = false; ///< the press was on a row and may become a selection by dragging
+    bool m_isTracking = false;
+    CPoint m_pressPoint;
+    CPoint m_pointer;
+    Place m_pressPlace;
+    Place m_trackedPlace;
+};
+} // namespace Ostrel::GUI::Detail

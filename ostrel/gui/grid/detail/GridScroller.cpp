@@ -1,0 +1,306 @@
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/GridScroller.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+constexpr int kHorizontalStep = 16;
+constexpr int kWheelLines = 3;
+} // namespace
+
+int GridScroller::FirstRow() const
+{
+    return m_core.Scrollable().RowCount() > 0 ? m_firstRow : -1;
+}
+
+void GridScroller::SetFirstRow(int row)
+{
+    ApplyFirstRow(std::clamp(row, 0, m_core.View().Geometry().LastFirstRow()));
+}
+
+void GridScroller::ApplyFirstRow(int row)
+{
+    if (row == m_firstRow || m_core.Scrollable().RowCount() == 0)
+    {
+        return;
+    }
+    int const rowsUp = row - std::exchange(m_firstRow, row);
+    ScrollPixels(rowsUp);
+    UpdateVerticalBar();
+}
+
+void GridScroller::ScrollPixels(int rowsUp)
+{
+    GridGeometry const geometry = m_core.View().Geometry();
+    CRect const band = geometry.ScrollableRect();
+    if (m_core.Grid().GetSafeHwnd() == nullptr || band.IsRectEmpty())
+    {
+        return;
+    }
+    bool const canMovePixels = m_core.Looks().CanScrollPixels() && std::abs(rowsUp) < geometry.FittingRows();
+    if (canMovePixels)
+    {
+        m_core.Grid().ScrollWindow(0, -rowsUp * geometry.scrollableRowHeight, &band, &band);
+    }
+    else
+    {
+        m_core.View().InvalidateRect(band);
+    }
+}
+
+int GridScroller::HorizontalPosition() const
+{
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    info.fMask = SIF_POS;
+    CGrid const& grid = m_core.Grid();
+    return grid.GetSafeHwnd() != nullptr && grid.GetScrollInfo(SB_HORZ, &info, SIF_POS) != FALSE ? info.nPos : 0;
+}
+
+void GridScroller::SetHorizontalPosition(int position)
+{
+    int const before = HorizontalPosition();
+    m_core.Grid().SetScrollPos(SB_HORZ, position);
+    if (HorizontalPosition() != before)
+    {
+        m_core.View().InvalidateAll();
+    }
+}
+
+void GridScroller::OnVerticalScroll(int command)
+{
+    GridGeometry const geometry = m_core.View().Geometry();
+    if (geometry.scrollableRows == 0)
+    {
+        return;
+    }
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    switch (command)
+    {
+    case SB_LINEUP:
+        SetFirstRow(m_firstRow - 1);
+        break;
+    case SB_LINEDOWN:
+        SetFirstRow(std::max(m_firstRow, std::min(m_firstRow + 1, geometry.LastFirstRow())));
+        break;
+    case SB_PAGEUP:
+        SetFirstRow(m_firstRow - std::max(1, geometry.RowsUp() - 1));
+        break;
+    case SB_PAGEDOWN:
+        SetFirstRow(m_firstRow + std::max(1, geometry.RowsDown() - 1));
+        break;
+    case SB_TOP:
+        SetFirstRow(0);
+        break;
+    case SB_BOTTOM:
+        SetFirstRow(geometry.LastFirstRow());
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        if (m_core.Grid().GetScrollInfo(SB_VERT, &info, SIF_ALL) != FALSE)
+        {
+            SetFirstRow(info.nTrackPos);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void GridScroller::OnHorizontalScroll(int command)
+{
+    int const position = HorizontalPosition();
+    int const page = std::max(kHorizontalStep, m_core.View().Geometry().client.cx - m_core.Columns().FixedWidth());
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    switch (command)
+    {
+    case SB_LINELEFT:
+        SetHorizontalPosition(position - kHorizontalStep);
+        break;
+    case SB_LINERIGHT:
+        SetHorizontalPosition(position + kHorizontalStep);
+        break;
+    case SB_PAGELEFT:
+        SetHorizontalPosition(position - page);
+        break;
+    case SB_PAGERIGHT:
+        SetHorizontalPosition(position + page);
+        break;
+    case SB_LEFT:
+        SetHorizontalPosition(0);
+        break;
+    case SB_RIGHT:
+        SetHorizontalPosition(m_core.Columns().TotalWidth());
+        break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        if (m_core.Grid().GetScrollInfo(SB_HORZ, &info, SIF_ALL) != FALSE)
+        {
+            SetHorizontalPosition(info.nTrackPos);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void GridScroller::OnWheel(int delta)
+{
+    int const lines = delta * kWheelLines / WHEEL_DELTA;
+    for (int i = 0; i < std::abs(lines); ++i)
+    {
+        m_core.Grid().SendMessage(WM_VSCROLL, static_cast<WPARAM>(lines > 0 ? SB_LINEUP : SB_LINEDOWN));
+    }
+}
+
+void GridScroller::EnsureVisible(int row)
+{
+    if (row < 0 || row >= m_core.Scrollable().RowCount())
+    {
+        return;
+    }
+    if (m_hasScrolledIntoView)
+    {
+        m_targetRow = row;
+        m_targetItem = nullptr;
+        m_core.Grid().SetTimer(EnsureVisibleTimer, kShortDelayMs);
+        return;
+    }
+    int const before = m_firstRow;
+    SetFirstRow(m_core.View().Geometry().FirstRowToShow(row));
+    m_hasScrolledIntoView = m_firstRow != before && m_core.Grid().GetSafeHwnd() != nullptr;
+}
+
+void GridScroller::EnsureVisible(CGridItem& item)
+{
+    int const row = RowArea::RowOf(item);
+    if (row < 0 || item.Area()->Type() != ScrollableContext)
+    {
+        return;
+    }
+    bool const isRecorded = m_hasScrolledIntoView;
+    EnsureVisible(row);
+    if (isRecorded)
+    {
+        m_targetItem = &item;
+    }
+}
+
+void GridScroller::OnEnsureVisibleTimer()
+{
+    m_core.Grid().KillTimer(EnsureVisibleTimer);
+    CGridItem* const item = std::exchange(m_targetItem, nullptr);
+    int row = std::exchange(m_targetRow, -1);
+    if (item != nullptr)
+    {
+        GridArea const* const area = m_core.AreaOf(item);
+        row = area == &m_core.Scrollable() ? RowArea::RowOf(*item) : -1;
+    }
+    if (row >= 0 && row < m_core.Scrollable().RowCount())
+    {
+        SetFirstRow(m_core.View().Geometry().FirstRowToShow(row));
+    }
+}
+
+// A view at the very top stays there: whoever looks at the top of a sorted list wants to see what comes to its top.
+CGridItem* GridScroller::Anchor() const
+{
+    return m_core.IsCalm() && m_firstRow > 0 ? m_core.Scrollable().ItemAt(m_firstRow) : nullptr;
+}
+
+void GridScroller::OnRowsChanged(int changedRow, CGridItem const* anchor)
+{
+    int wanted = m_firstRow;
+    if (anchor != nullptr)
+    {
+        bool const isThere = m_core.AreaOf(anchor) == &m_core.Scrollable();
+        int const row = isThere ? RowArea::RowOf(*anchor) : -1;
+        // When the row itself has gone, its next neighbour is where the change began.
+        wanted = row >= 0 ? row : std::min(m_firstRow, changedRow);
+    }
+    wanted = std::clamp(wanted, 0, m_core.View().Geometry().LastFirstRow());
+    if (wanted != m_firstRow)
+    {
+        m_firstRow = wanted;
+        m_core.View().InvalidateArea(ScrollableContext);
+        PostUpdateBars();
+    }
+}
+
+void GridScroller::OnRowMoved(RowMove const& move, CGridItem const* anchor)
+{
+    bool const movesAnchor = m_firstRow >= move.from && m_firstRow < move.from + move.count;
+    if (anchor != nullptr && !movesAnchor)
+    {
+        OnRowsChanged(std::min(move.from, move.to), anchor);
+    }
+}
+
+void GridScroller::UpdateBars()
+{
+    UpdateVerticalBar();
+    UpdateHorizontalBar();
+}
+
+void GridScroller::UpdateVerticalBar()
+{
+    GridGeometry const geometry = m_core.View().Geometry();
+    SetBar(SB_VERT, {std::max(0, geometry.scrollableRows - 1), geometry.FittingRows(), std::max(0, FirstRow())},
+           m_vertical);
+}
+
+void GridScroller::UpdateHorizontalBar()
+{
+    int const width = m_core.Columns().TotalWidth();
+    SetBar(SB_HORZ, {std::max(0, width - 1), static_cast<int>(m_core.View().Geometry().client.cx), -1}, m_horizontal);
+}
+
+void GridScroller::SetBar(int which, Bar const& wanted, Bar& present)
+{
+    if (wanted == present || m_core.Grid().GetSafeHwnd() == nullptr)
+    {
+        return;
+    }
+    present = wanted;
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | (wanted.position >= 0 ? SIF_POS : 0U);
+    info.nMax = wanted.last;
+    info.nPage = static_cast<UINT>(std::max(0, wanted.page));
+    info.nPos = wanted.position;
+    m_core.Grid().SetScrollInfo(which, &info);
+}
+
+void GridScroller::PostUpdateBars()
+{
+    if (!m_isUpdatePosted)
+    {
+        m_isUpdatePosted = m_core.Thread().Post(GridOperation::DeferredLayout);
+    }
+}
+
+void GridScroller::OnPostedUpdateBars()
+{
+    m_isUpdatePosted = false;
+    UpdateBars();
+}
+
+void GridScroller::OnResized()
+{
+    UpdateBars();
+    GridGeometry const geometry = m_core.View().Geometry();
+    if (m_firstRow > geometry.LastFirstRow())
+    {
+        m_firstRow = geometry.LastFirstRow();
+        m_core.View().InvalidateArea(ScrollableContext);
+        UpdateVerticalBar();
+    }
+}
+} // namespace Ostrel::GUI::Detail

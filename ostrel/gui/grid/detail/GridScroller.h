@@ -1,0 +1,75 @@
+// Which scrollable row is the first on the screen, and everything that changes that: the scroll bars, the wheel,
+// scrolling into view, and rows that come and go.
+#pragma once
+
+#include <ostrel/gui/grid/detail/GridArea.h>
+
+namespace Ostrel::GUI::Detail
+{
+class GridCore;
+
+class GridScroller
+{
+public:
+    explicit GridScroller(GridCore& core) noexcept : m_core(core) {}
+
+    /// -1 while there is no scrollable row.
+    [[nodiscard]] int FirstRow() const;
+    void SetFirstRow(int row);
+    /// Pixels by which the scrollable columns are moved left.
+    [[nodiscard]] int HorizontalPosition() const;
+    void SetHorizontalPosition(int position);
+
+    void OnVerticalScroll(int command);
+    void OnHorizontalScroll(int command);
+    void OnWheel(int delta);
+
+    // --- Scrolling into view: at once the first time after a paint, merged until the next paint afterwards ---
+    void EnsureVisible(int row);
+    void EnsureVisible(CGridItem& item);
+    void OnEnsureVisibleTimer();
+    void OnPainted() noexcept { m_hasScrolledIntoView = false; }
+
+    // --- When rows come and go ---
+
+    /// In a calm view the row that is to stay the first one, null otherwise. To be asked before rows change.
+    [[nodiscard]] CGridItem* Anchor() const;
+    /// The scrollable rows have changed from changedRow on; the anchor is the answer from before (null keeps the row
+    /// number).
+    void OnRowsChanged(int changedRow, CGridItem const* anchor);
+    /// As OnRowsChanged for one row that went from one place to another.
+    void OnRowMoved(RowMove const& move, CGridItem const* anchor);
+
+    // --- Scroll bars ---
+    void UpdateBars();
+    /// Once for any number of calls before the message comes back.
+    void PostUpdateBars();
+    void OnPostedUpdateBars();
+    void OnResized();
+
+private:
+    void ApplyFirstRow(int row);
+    void ScrollPixels(int rowsUp);
+    void UpdateVerticalBar();
+    void UpdateHorizontalBar();
+
+    struct Bar
+    {
+        int last = -1;
+        int page = -1;
+        int position = -1;
+
+        friend bool operator==(Bar const&, Bar const&) = default;
+    };
+    void SetBar(int which, Bar const& wanted, Bar& present);
+
+    GridCore& m_core;
+    int m_firstRow = 0;
+    Bar m_vertical;
+    Bar m_horizontal;
+    bool m_hasScrolledIntoView = false;
+    int m_targetRow = -1;              ///< recorded for the timer
+    CGridItem* m_targetItem = nullptr; ///< recorded for the timer; checked before use
+    bool m_isUpdatePosted = false;
+};
+} // namespace Ostrel::GUI::Detail

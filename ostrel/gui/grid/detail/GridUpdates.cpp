@@ -1,0 +1,173 @@
+#include <algorithm>
+
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/GridUpdates.h>
+#include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/platform/base/Clock.h>
+
+namespace Ostrel::GUI::Detail
+{
+std::int32_t GridTimeMs() noexcept
+{
+    static DWORD const start = Platform::Clock::Ticks();
+    return static_cast<std::int32_t>(Platform::TicksSince(Platform::Clock::Ticks(), start) & 0x7FFFFFFFU);
+}
+
+namespace
+{
+void TakeValues(CGridItem& item, UpdateRecord const& record)
+{
+    if (record.snapshot == nullptr)
+    {
+        return;
+    }
+    auto& cache = item.NeedExtras().valueCache;
+    if (record.fieldId == kAllFields || cache == nullptr)
+    {
+        cache = std::make_unique<ValueCache>(*record.snapshot);
+        return;
+    }
+    for (auto const& [fieldId, value] : *record.snapshot)
+    {
+        (*cache)[fieldId] = value;
+    }
+}
+} // namespace
+
+int GridUpdates::ElapsedMs(CGridItem const& item, long fieldId)
+{
+    CellUpdate const* const cell = fieldId >= 0 ? item.Updates().Find(fieldId) : nullptr;
+    std::int32_t const lastUpdateMs = cell != nullptr ? cell->lastUpdateMs : item.RowUpdateMs();
+    return lastUpdateMs < 0 ? -1 : (GridTimeMs() - lastUpdateMs) & 0x7FFFFFFF;
+}
+
+void GridUpdates::Stamp(CGridItem& item, UpdateRecord const& record)
+{
+    if (record.fieldId == kAllFields)
+    {
+        item.SetRowUpdateMs(GridTimeMs());
+    }
+    else if (record.fieldId != kNoField)
+    {
+        std::int32_t const nowMs = GridTimeMs();
+        item.Updates().FindOrAdd(record.fieldId, nowMs).lastUpdateMs = nowMs;
+    }
+}
+
+void GridUpdates::Apply(CGridItem& item, UpdateRecord const& record)
+{
+    TakeValues(item, record);
+    Stamp(item, record);
+    if (GridArea* const area = GridArea::Of(item))
+    {
+        area->Core().Updates().ApplyAttached(*area, item, record.fieldId);
+    }
+}
+
+void GridUpdates::Update(CGridItem& item, long fieldId)
+{
+    UpdateRecord record;
+    record.object = item.Object();
+    record.fieldId = fieldId;
+    Apply(item, record);
+}
+
+void GridUpdates::Update(Posted const& update)
+{
+    CGridItem* const item = update.item != nullptr ? update.item : m_core.ItemAt(update.row, update.type);
+    if (m_core.AreaOf(item) != nullptr)
+    {
+        Update(*item, update.fieldId);
+    }
+}
+
+void GridUpdates::Post(Posted const& update) const
+{
+    auto owned = std::make_unique<Posted>(update);
+    if (m_core.Thread().Post(GridOperation::Update, reinterpret_cast<LPARAM>(owned.get())))
+    {
+        static_cast<void>(owned.release());
+    }
+}
+
+void GridUpdates::OnPosted(LPARAM argument)
+{
+    std::unique_ptr<Posted> const owned(reinterpret_cast<Posted*>(argument));
+    if (owned != nullptr)
+    {
+        Update(*owned);
+    }
+}
+
+void GridUpdates::ApplyAttached(GridArea& area, CGridItem& item, long fieldId)
+{
+    if (item.Extras() != nullptr)
+    {
+        m_core.Cells().Reformat(item, fieldId);
+    }
+    if (!ApplyFilter(area, item))
+    {
+        return;
+    }
+    if (area.IsSorted())
+    {
+        Reposition(area, item);
+        if (m_core.AreaOf(&item) != &area)
+        {
+            return;
+        }
+    }
+    if (int const row = RowArea::RowOf(item); row >= 0)
+    {
+        m_core.View().InvalidateCell(row, area.Type(), fieldId);
+    }
+    m_core.Notifier().Row(ItemUpdated, item);
+}
+
+bool GridUpdates::ApplyFilter(GridArea& area, CGridItem& item)
+{
+    if (!m_core.Sorting().HasFilter() && !item.IsHiddenByFilter())
+    {
+        return true;
+    }
+    RowChangeScope scope(m_core, area);
+    if (area.ApplyFilterTo(item, scope.changes))
+    {
+        scope.Finish(BarsFollow::Posted);
+        if (!m_core.IsCalm())
+        {
+            m_core.Selection().FocusItem(nullptr);
+        }
+    }
+    return m_core.AreaOf(&item) == &area;
+}
+
+void GridUpdates::Reposition(GridArea& area, CGridItem& item)
+{
+    bool const isScrollable = area.Type() == ScrollableContext;
+    CGridItem const* const anchor = isScrollable ? m_core.Scroller().Anchor() : nullptr;
+    RowMove const move = area.Reposition(item);
+    if (!move.moved)
+    {
+        return;
+    }
+    if (move.from >= 0)
+    {
+        m_core.View().InvalidateRows(std::min(move.from, move.to), std::max(move.from, move.to) + move.count - 1,
+                                     area.Type());
+        if (isScrollable)
+        {
+            m_core.Scroller().OnRowMoved(move, anchor);
+        }
+    }
+    if (!m_core.IsCalm())
+    {
+        m_core.Selection().FocusItem(nullptr);
+    }
+    if (m_core.AreaOf(&item) == &area)
+    {
+        m_core.Notifier().Row(ItemMoved, item);
+    }
+}
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,48 @@
+// What one update does to one row: its stamp, its filter, its place, its cell on the screen, and the word to the parent
+// window. This is the path that live data take, so it touches nothing that the update does not concern.
+#pragma once
+
+#include <ostrel/gui/grid/detail/GridArea.h>
+#include <ostrel/gui/grid/detail/UpdateRecord.h>
+
+namespace Ostrel::GUI::Detail
+{
+class GridCore;
+
+/// Milliseconds since the process first asked; never negative in the first 24 days.
+[[nodiscard]] std::int32_t GridTimeMs() noexcept;
+
+class GridUpdates
+{
+public:
+    explicit GridUpdates(GridCore& core) noexcept : m_core(core) {}
+
+    /// Applies a record to a live row, attached or not.
+    static void Apply(CGridItem& item, UpdateRecord const& record);
+
+    /// As if the row's object had told of the field, for this row only.
+    static void Update(CGridItem& item, long fieldId);
+    /// The same later, on the grid's thread: a row by its handle or, where that is null, by its number.
+    struct Posted
+    {
+        CGridItem* item = nullptr;
+        int row = -1;
+        ContextType type = NoContext;
+        long fieldId = kNoField;
+    };
+    void Post(Posted const& update) const;
+    void OnPosted(LPARAM argument);
+    void Update(Posted const& update);
+
+    /// Milliseconds since the last update of the cell, or of the row where the cell has none; -1 for never.
+    [[nodiscard]] static int ElapsedMs(CGridItem const& item, long fieldId);
+
+private:
+    static void Stamp(CGridItem& item, UpdateRecord const& record);
+    void ApplyAttached(GridArea& area, CGridItem& item, long fieldId);
+    [[nodiscard]] bool ApplyFilter(GridArea& area, CGridItem& item);
+    void Reposition(GridArea& area, CGridItem& item);
+
+    GridCore& m_core;
+};
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,249 @@
+#include <algorithm>
+
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/GridView.h>
+#include <ostrel/gui/header/detail/HeaderLayout.h>
+
+namespace Ostrel::GUI::Detail
+{
+GridGeometry GridView::Geometry() const
+{
+    GridLooks const& looks = m_core.Looks();
+    GridGeometry geometry;
+    geometry.client = m_client;
+    geometry.headerHeight = m_core.Columns().ShownHeight();
+    geometry.separatorHeight = looks.drawSeparator ? std::max(looks.separatorHeight, 0) : 0;
+    geometry.fixedRows = m_core.Fixed().RowCount();
+    geometry.fixedRowHeight = std::max(m_core.Fixed().RowHeight(), 1);
+    geometry.scrollableRows = m_core.Scrollable().RowCount();
+    geometry.scrollableRowHeight = std::max(m_core.Scrollable().RowHeight(), 1);
+    geometry.firstRow = std::max(m_core.Scroller().FirstRow(), 0);
+    return geometry;
+}
+
+RowRange GridView::ShownRows(ContextType type) const
+{
+    switch (type)
+    {
+    case FixedContext:
+        return Geometry().ShownFixedRows();
+    case ScrollableContext:
+        return Geometry().ShownScrollableRows();
+    default:
+        return {};
+    }
+}
+
+CRect GridView::RowRect(int row, ContextType type) const
+{
+    GridGeometry const geometry = Geometry();
+    return type == FixedContext ? geometry.FixedRowRect(row) : geometry.ScrollableRowRect(row);
+}
+
+GridView::Hit GridView::RowAt(CPoint clientPoint) const
+{
+    GridGeometry const geometry = Geometry();
+    if (clientPoint.x < 0 || clientPoint.x >= m_client.cx)
+    {
+        return {};
+    }
+    if (int const row = geometry.FixedRowAt(clientPoint.y); row >= 0)
+    {
+        return {row, FixedContext};
+    }
+    int const row = geometry.ScrollableRowAt(clientPoint.y);
+    return row >= 0 ? Hit{row, ScrollableContext} : Hit{};
+}
+
+CRect GridView::ContextVisibleRect(ContextType type) const
+{
+    switch (type)
+    {
+    case FixedContext:
+        return Geometry().FixedRect();
+    case ScrollableContext:
+        return Geometry().ScrollableRect();
+    default:
+        return {};
+    }
+}
+
+CRect GridView::ContextVirtualRect(ContextType type) const
+{
+    GridArea const* const area = m_core.Area(type);
+    if (area == nullptr)
+    {
+        return {};
+    }
+    CRect rect = ContextVisibleRect(type);
+    GridGeometry geometry = Geometry();
+    geometry.firstRow = 0;
+    int const rows = area->RowCount();
+    rect.right = rect.left + m_core.Columns().TotalWidth();
+    rect.bottom = type == FixedContext ? geometry.FixedRowRect(rows).top : geometry.ScrollableRowRect(rows).top;
+    return rect;
+}
+
+int GridView::RowOnScreen(CGridItem const& item) const
+{
+    GridArea const* const area = GridArea::Of(item);
+    int const row = RowArea::RowOf(item);
+    return row >= 0 && IsShown(row, area->Type()) ? row : -1;
+}
+
+CRect GridView::LineVisibleRect(CGridItem const& item) const
+{
+    int const row = RowOnScreen(item);
+    if (row < 0)
+    {
+        return {};
+    }
+    ContextType const type = item.Area()->Type();
+    return RowRect(row, type) & ContextVisibleRect(type);
+}
+
+CRect GridView::LineVirtualRect(CGridItem const& item) const
+{
+    int const row = RowArea::RowOf(item);
+    if (row < 0)
+    {
+        return {};
+    }
+    GridGeometry geometry = Geometry();
+    geometry.firstRow = 0;
+    CRect rect = item.Area()->Type() == FixedContext ? geometry.FixedRowRect(row) : geometry.ScrollableRowRect(row);
+    rect.right = rect.left + m_core.Columns().TotalWidth();
+    return rect;
+}
+
+CRect GridView::CellVisibleRect(CGridItem const& item, long fieldId) const
+{
+    CRect rect = LineVisibleRect(item);
+    auto const layout = m_core.Columns().Layout();
+    VisibleColumn const* const column = layout != nullptr ? layout->VisibleOf(fieldId) : nullptr;
+    if (column == nullptr || rect.IsRectEmpty())
+    {
+        return {};
+    }
+    CRect const title = layout->VisibleRect(*column, m_core.Scroller().HorizontalPosition());
+    rect.left = std::max<int>(rect.left, title.left);
+    rect.right = std::min<int>(rect.right, title.right);
+    return rect.IsRectEmpty() ? CRect() : rect;
+}
+
+CRect GridView::CellVirtualRect(CGridItem const& item, long fieldId) const
+{
+    CRect rect = LineVirtualRect(item);
+    auto const layout = m_core.Columns().Layout();
+    VisibleColumn const* const column = layout != nullptr ? layout->VisibleOf(fieldId) : nullptr;
+    if (column == nullptr || rect.IsRectEmpty())
+    {
+        return {};
+    }
+    rect.left = column->left;
+    rect.right = column->right;
+    return rect;
+}
+
+void GridView::InvalidateRect(CRect const& rect, bool erase)
+{
+    if (!rect.IsRectEmpty() && m_core.Grid().GetSafeHwnd() != nullptr)
+    {
+        m_core.Grid().InvalidateRect(&rect, erase ? TRUE : FALSE);
+    }
+}
+
+void GridView::InvalidateAll(bool erase)
+{
+    if (m_core.Grid().GetSafeHwnd() != nullptr)
+    {
+        m_core.Grid().Invalidate(erase ? TRUE : FALSE);
+    }
+}
+
+void GridView::InvalidateArea(ContextType type)
+{
+    InvalidateRect(ContextVisibleRect(type));
+}
+
+void GridView::InvalidateRow(int row, ContextType type)
+{
+    InvalidateRows(row, row, type);
+}
+
+void GridView::InvalidateRowAndBorders(int row, ContextType type)
+{
+    GridGeometry const geometry = Geometry();
+    if (!IsShown(row, type))
+    {
+        return;
+    }
+    CRect rect = RowRect(row, type);
+    rect.InflateRect(0, 1);
+    if (type == FixedContext && row == geometry.fixedRows - 1)
+    {
+        rect.bottom = geometry.ScrollableRect().top + 1;
+    }
+    if (type == ScrollableContext && row == 0 && geometry.fixedRows > 0)
+    {
+        rect.top = geometry.FixedRect().bottom - 1;
+    }
+    rect.top = std::max<int>(rect.top, geometry.FixedRect().top);
+    InvalidateRect(rect);
+}
+
+void GridView::InvalidateRows(int firstRow, int lastRow, ContextType type)
+{
+    RowRange const shown = ShownRows(type);
+    int const first = std::max(firstRow, shown.first);
+    int const last = std::min(lastRow, shown.last);
+    if (first <= last)
+    {
+        CRect rect = RowRect(first, type);
+        rect.bottom = RowRect(last, type).bottom;
+        InvalidateRect(rect & ContextVisibleRect(type));
+    }
+}
+
+void GridView::InvalidateFrom(int row, ContextType type)
+{
+    GridGeometry const geometry = Geometry();
+    if (type == ScrollableContext)
+    {
+        InvalidateRect(geometry.ScrollableRectFrom(row));
+        return;
+    }
+    CRect rect(0, geometry.FixedRowRect(row).top, geometry.client.cx, geometry.client.cy);
+    rect.top = std::max<int>(rect.top, geometry.FixedRect().top);
+    InvalidateRect(rect);
+}
+
+void GridView::InvalidateCell(int row, ContextType type, long fieldId)
+{
+    if (fieldId < 0)
+    {
+        InvalidateRow(row, type);
+        return;
+    }
+    if (!IsShown(row, type))
+    {
+        return;
+    }
+    auto const layout = m_core.Columns().Layout();
+    VisibleColumn const* const column = layout != nullptr ? layout->VisibleOf(fieldId) : nullptr;
+    if (column == nullptr)
+    {
+        return;
+    }
+    CRect rect = RowRect(row, type) & ContextVisibleRect(type);
+    CRect const title = layout->VisibleRect(*column, m_core.Scroller().HorizontalPosition());
+    rect.left = std::max<int>(rect.left, title.left);
+    rect.right = std::min<int>(rect.right, title.right);
+    InvalidateRect(rect);
+}
+
+void GridView::InvalidateHeader()
+{
+    InvalidateRect(Geometry().HeaderRect());
+}
+} // namespace Ostrel::GUI::Detail

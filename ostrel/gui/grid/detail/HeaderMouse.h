@@ -1,0 +1,62 @@
+// The mouse over the header: a click on a caption sorts, dragging its right edge resizes the column.
+#pragma once
+
+#include <ostrel/platform/base/Geometry.h>
+
+namespace Ostrel::GUI
+{
+class CColumn;
+}
+
+namespace Ostrel::GUI::Detail
+{
+class GridCore;
+struct GridPaintState;
+
+class HeaderMouse
+{
+public:
+    explicit HeaderMouse(GridCore& core) noexcept : m_core(core) {}
+
+    [[nodiscard]] bool IsOver(CPoint clientPoint) const;
+    /// Whether a press there would resize a column.
+    [[nodiscard]] bool IsOverEdge(CPoint clientPoint) const;
+
+    void Press(CPoint clientPoint);
+    void DoubleClick(CPoint clientPoint);
+    void Move(CPoint clientPoint);
+    void Release(CPoint clientPoint, bool shift, bool ctrl);
+    void Cancel();
+    [[nodiscard]] bool IsActive() const noexcept { return m_gesture.kind != Gesture::Kind::None; }
+    [[nodiscard]] bool IsResizing() const noexcept { return m_gesture.kind == Gesture::Kind::Resize; }
+
+    /// The pointer is over the caption (kNoField: over none).
+    void SetHot(CPoint clientPoint);
+    void ClearHot();
+    void DescribePaintState(GridPaintState& state) const;
+
+private:
+    struct Gesture
+    {
+        enum class Kind
+        {
+            None,
+            Click,
+            Resize
+        };
+        Kind kind = Kind::None;
+        long fieldId = -2;
+        CPoint from;
+        int widthBefore = 0;
+        bool hasMoved = false;
+    };
+
+    [[nodiscard]] CColumn* ColumnWithEdgeAt(CPoint clientPoint) const;
+    [[nodiscard]] CColumn* ColumnOf(long fieldId) const;
+    [[nodiscard]] long FieldAt(CPoint clientPoint) const;
+
+    GridCore& m_core;
+    Gesture m_gesture;
+    long m_hotField = -2;
+};
+} // namespace Ostrel::GUI::Detail

@@ -1,0 +1,232 @@
+#include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/grid/detail/Dispatcher.h>
+#include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+constexpr std::size_t kFirstSize = 64;
+
+std::uint64_t Hash(Common::CDataObject const* object) noexcept
+{
+    std::uint64_t bits = reinterpret_cast<std::uintptr_t>(object) >> 4U;
+    bits *= 0x9E3779B97F4A7C15ULL;
+    return bits ^ (bits >> 32U);
+}
+} // namespace
+
+ObjectRegistry& ObjectRegistry::Instance()
+{
+    // Never destroyed: data objects with static storage may go after anything that could be destroyed here.
+    static auto* const registry = new ObjectRegistry;
+    return *registry;
+}
+
+std::size_t ObjectRegistry::HomeOf(Common::CDataObject const* object) const noexcept
+{
+    return static_cast<std::size_t>(Hash(object)) & (m_slots.size() - 1);
+}
+
+// The object's slot, or the free one where it would go.
+std::size_t ObjectRegistry::FindLocked(Common::CDataObject const* object) const noexcept
+{
+    std::size_t place = HomeOf(object);
+    while (m_slots[place].object != nullptr && m_slots[place].object != object)
+    {
+        place = (place + 1) & (m_slots.size() - 1);
+    }
+    return place;
+}
+
+void ObjectRegistry::GrowLocked()
+{
+    if ((m_objects + 1) * 4 <= m_slots.size() * 3)
+    {
+        return;
+    }
+    std::vector<Slot> old(m_slots.empty() ? kFirstSize : m_slots.size() * 2);
+    old.swap(m_slots);
+    for (Slot const& slot : old)
+    {
+        if (slot.object != nullptr)
+        {
+            m_slots[FindLocked(slot.object)] = slot;
+        }
+    }
+}
+
+// Moves later slots of the same run back, so that no search stops short.
+void ObjectRegistry::EraseSlotLocked(std::size_t place) noexcept
+{
+    std::size_t const mask = m_slots.size() - 1;
+    std::size_t hole = place;
+    for (std::size_t next = (hole + 1) & mask; m_slots[next].object != nullptr; next = (next + 1) & mask)
+    {
+        std::size_t const home = HomeOf(m_slots[next].object);
+        if (((next - home) & mask) >= ((next - hole) & mask))
+        {
+            m_slots[hole] = m_slots[next];
+            hole = next;
+        }
+    }
+    m_slots[hole] = {};
+    --m_objects;
+}
+
+bool ObjectRegistry::LinkLocked(Common::CDataObject const* object, CGridItem& item)
+{
+    GrowLocked();
+    Slot& slot = m_slots[FindLocked(object)];
+    item.m_nextOfObject = nullptr;
+    if (slot.object == nullptr)
+    {
+        slot = {object, &item};
+        item.m_previousOfObject = &item;
+        ++m_objects;
+        return true;
+    }
+    CGridItem* const last = slot.first->m_previousOfObject;
+    last->m_nextOfObject = &item;
+    item.m_previousOfObject = last;
+    slot.first->m_previousOfObject = &item;
+    return false;
+}
+
+bool ObjectRegistry::UnlinkLocked(Common::CDataObject const* object, CGridItem& item) noexcept
+{
+    if (item.m_previousOfObject == nullptr || m_slots.empty())
+    {
+        return false;
+    }
+    std::size_t const place = FindLocked(object);
+    Slot& slot = m_slots[place];
+    if (slot.object == nullptr)
+    {
+        return false;
+    }
+    CGridItem* const next = item.m_nextOfObject;
+    CGridItem* const previous = item.m_previousOfObject;
+    if (slot.first == &item)
+    {
+        slot.first = next;
+    }
+    else
+    {
+        previous->m_nextOfObject = next;
+    }
+    if (CGridItem* const behind = next != nullptr ? next : slot.first)
+    {
+        behind->m_previousOfObject = previous;
+    }
+    item.m_nextOfObject = nullptr;
+    item.m_previousOfObject = nullptr;
+    if (slot.first != nullptr)
+    {
+        return false;
+    }
+    EraseSlotLocked(place);
+    return m_dying != object;
+}
+
+void ObjectRegistry::Register(Common::CDataObject* object, CGridItem& item)
+{
+    bool isFirst = false;
+    {
+        Platform::MutexLock lock(m_lock);
+        isFirst = LinkLocked(object, item);
+    }
+    if (isFirst)
+    {
+        object->AddSink(&Dispatcher::Instance());
+    }
+}
+
+void ObjectRegistry::Unregister(Common::CDataObject* object, CGridItem& item)
+{
+    bool wasLast = false;
+    {
+        Platform::MutexLock lock(m_lock);
+        wasLast = UnlinkLocked(object, item);
+    }
+    m_removals.fetch_add(1, std::memory_order_acq_rel);
+    if (wasLast)
+    {
+        object->RemoveSink(&Dispatcher::Instance());
+    }
+}
+
+void ObjectRegistry::Forget(Common::CDataObject const* object)
+{
+    Platform::MutexLock lock(m_lock);
+    if (m_slots.empty())
+    {
+        return;
+    }
+    std::size_t const place = FindLocked(object);
+    if (m_slots[place].object == nullptr)
+    {
+        return;
+    }
+    for (CGridItem* item = m_slots[place].first; item != nullptr;)
+    {
+        CGridItem* const next = item->m_nextOfObject;
+        item->m_nextOfObject = nullptr;
+        item->m_previousOfObject = nullptr;
+        item = next;
+    }
+    EraseSlotLocked(place);
+    m_removals.fetch_add(1, std::memory_order_acq_rel);
+}
+
+ItemList ObjectRegistry::Items(Common::CDataObject const* object) const
+{
+    ItemList items;
+    Platform::MutexLock lock(m_lock);
+    if (!m_slots.empty())
+    {
+        for (CGridItem* item = m_slots[FindLocked(object)].first; item != nullptr; item = item->m_nextOfObject)
+        {
+            items.Append(item);
+        }
+    }
+    return items;
+}
+
+bool ObjectRegistry::Contains(Common::CDataObject const* object) const
+{
+    Platform::MutexLock lock(m_lock);
+    return object != nullptr && !m_slots.empty() && m_slots[FindLocked(object)].object != nullptr;
+}
+
+bool ObjectRegistry::Contains(Common::CDataObject const* object, CGridItem const* item) const
+{
+    Platform::MutexLock lock(m_lock);
+    if (object == nullptr || m_slots.empty())
+    {
+        return false;
+    }
+    CGridItem const* candidate = m_slots[FindLocked(object)].first;
+    while (candidate != nullptr && candidate != item)
+    {
+        candidate = candidate->m_nextOfObject;
+    }
+    return candidate != nullptr;
+}
+
+ObjectRegistry::RemovingScope::RemovingScope(Common::CDataObject const* object)
+{
+    ObjectRegistry& registry = Instance();
+    Platform::MutexLock lock(registry.m_lock);
+    m_outer = registry.m_dying;
+    registry.m_dying = object;
+}
+
+ObjectRegistry::RemovingScope::~RemovingScope()
+{
+    ObjectRegistry& registry = Instance();
+    Platform::MutexLock lock(registry.m_lock);
+    registry.m_dying = m_outer;
+}
+} // namespace Ostrel::GUI::Detail

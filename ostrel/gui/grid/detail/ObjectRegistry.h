@@ -1,0 +1,104 @@
+// Which rows show an object, across all grids: the rows of one object form a list through the rows themselves, in the
+// order in which they were registered, and a hash table leads from the object to the head of its list.
+//
+// The dispatcher subscribes to an object with its first row and unsubscribes with its last one. Both calls are made
+// without the registry's lock, since the object takes its own. Rows are handed out as copies of a list, so that no code
+// of the application ever runs under the lock; Removals() tells whoever walks such a copy whether it is still good.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include <ostrel/gui/grid/GridItem.h>
+#include <ostrel/platform/base/ThreadAnnotations.h>
+
+namespace Ostrel::Common
+{
+class CDataObject;
+}
+
+namespace Ostrel::GUI::Detail
+{
+/// The rows of one object; nearly always one.
+class ItemList
+{
+public:
+    void Append(CGridItem* item)
+    {
+        m_count == 0 ? static_cast<void>(m_first = item) : m_rest.push_back(item);
+        ++m_count;
+    }
+    [[nodiscard]] std::size_t Size() const noexcept { return m_count; }
+    [[nodiscard]] CGridItem* operator[](std::size_t position) const noexcept
+    {
+        return position == 0 ? m_first : m_rest[position - 1];
+    }
+
+private:
+    CGridItem* m_first = nullptr;
+    std::vector<CGridItem*> m_rest;
+    std::size_t m_count = 0;
+};
+
+/// Any thread.
+class ObjectRegistry
+{
+public:
+    /// The one of the process; lives until it ends.
+    static ObjectRegistry& Instance();
+
+    ObjectRegistry(ObjectRegistry const&) = delete;
+    ObjectRegistry& operator=(ObjectRegistry const&) = delete;
+
+    /// The row must not be registered yet.
+    void Register(Common::CDataObject* object, CGridItem& item) OSTREL_EXCLUDES(m_lock);
+    void Unregister(Common::CDataObject* object, CGridItem& item) OSTREL_EXCLUDES(m_lock);
+    /// As Unregister, for an object that is going away and must not be called.
+    void Forget(Common::CDataObject const* object) OSTREL_EXCLUDES(m_lock);
+
+    /// In the order of registration.
+    [[nodiscard]] ItemList Items(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+    [[nodiscard]] bool Contains(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+    [[nodiscard]] bool Contains(Common::CDataObject const* object, CGridItem const* item) const OSTREL_EXCLUDES(m_lock);
+    /// Grows with every row that is unregistered.
+    [[nodiscard]] std::uint64_t Removals() const noexcept { return m_removals.load(std::memory_order_acquire); }
+
+    /// While rows of a dying object are being removed, it is not unsubscribed from.
+    class RemovingScope
+    {
+    public:
+        explicit RemovingScope(Common::CDataObject const* object);
+        ~RemovingScope();
+        RemovingScope(RemovingScope const&) = delete;
+        RemovingScope& operator=(RemovingScope const&) = delete;
+
+    private:
+        Common::CDataObject const* m_outer;
+    };
+
+private:
+    struct Slot
+    {
+        Common::CDataObject const* object = nullptr;
+        CGridItem* first = nullptr; ///< its m_previousOfObject is the last row of the list
+    };
+
+    ObjectRegistry() = default;
+
+    [[nodiscard]] std::size_t HomeOf(Common::CDataObject const* object) const noexcept OSTREL_REQUIRES(m_lock);
+    [[nodiscard]] std::size_t FindLocked(Common::CDataObject const* object) const noexcept OSTREL_REQUIRES(m_lock);
+    void GrowLocked() OSTREL_REQUIRES(m_lock);
+    void EraseSlotLocked(std::size_t place) noexcept OSTREL_REQUIRES(m_lock);
+    bool LinkLocked(Common::CDataObject const* object, CGridItem& item) OSTREL_REQUIRES(m_lock);
+    bool UnlinkLocked(Common::CDataObject const* object, CGridItem& item) noexcept OSTREL_REQUIRES(m_lock);
+
+    mutable Platform::Mutex m_lock;
+    /// Open addressing with linear probing; the size is a power of two, at most three quarters are taken.
+    std::vector<Slot> m_slots OSTREL_GUARDED_BY(m_lock);
+    std::size_t m_objects OSTREL_GUARDED_BY(m_lock) = 0;
+    Common::CDataObject const* m_dying OSTREL_GUARDED_BY(m_lock) = nullptr;
+    std::atomic<std::uint64_t> m_removals{0};
+};
+} // namespace Ostrel::GUI::Detail

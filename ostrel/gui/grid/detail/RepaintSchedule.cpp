@@ -1,0 +1,145 @@
+#include <algorithm>
+
+#include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/RepaintSchedule.h>
+
+namespace Ostrel::GUI::Detail
+{
+namespace
+{
+std::optional<int> Earlier(std::optional<int> a, std::optional<int> b) noexcept
+{
+    return a && b ? std::min(*a, *b) : (a ? a : b);
+}
+
+// A deadline is never negative, so that -1 can mean none.
+std::int32_t DeadlineIn(int delayMs) noexcept
+{
+    return static_cast<std::int32_t>((static_cast<std::uint32_t>(GridTimeMs()) + static_cast<std::uint32_t>(delayMs)) &
+                                     0x7FFFFFFFU);
+}
+
+// Right across the wrap of the 31-bit clock: the sign of the difference in 31 bits.
+int UntilDeadline(std::int32_t deadlineMs, std::int32_t nowMs) noexcept
+{
+    std::uint32_t const difference = static_cast<std::uint32_t>(deadlineMs) - static_cast<std::uint32_t>(nowMs);
+    return static_cast<std::int32_t>(difference << 1U) / 2;
+}
+} // namespace
+
+void RepaintSchedule::RepaintRow(CGridItem& item, int delayMs)
+{
+    if (delayMs < 1)
+    {
+        if (int const row = RowArea::RowOf(item); row >= 0)
+        {
+            m_core.View().InvalidateRow(row, item.Area()->Type());
+        }
+        return;
+    }
+    item.SetRowDeadlineMs(DeadlineIn(delayMs));
+    Schedule(delayMs);
+}
+
+void RepaintSchedule::RepaintCell(CGridItem& item, long fieldId, int delayMs)
+{
+    if (fieldId < 0)
+    {
+        RepaintRow(item, delayMs);
+        return;
+    }
+    if (delayMs < 1)
+    {
+        if (int const row = RowArea::RowOf(item); row >= 0)
+        {
+            m_core.View().InvalidateCell(row, item.Area()->Type(), fieldId);
+        }
+        return;
+    }
+    item.Updates().FindOrAdd(fieldId, GridTimeMs()).repaintDeadlineMs = DeadlineIn(delayMs);
+    Schedule(delayMs);
+}
+
+void RepaintSchedule::Schedule(int delayMs)
+{
+    if (m_core.Grid().GetSafeHwnd() == nullptr)
+    {
+        return;
+    }
+    if (delayMs <= 0)
+    {
+        OnTimer();
+        return;
+    }
+    int const delay = std::max(delayMs, static_cast<int>(kShortDelayMs));
+    if (m_isPending && UntilDeadline(m_dueMs, GridTimeMs()) <= delay)
+    {
+        return;
+    }
+    m_isPending = true;
+    m_dueMs = DeadlineIn(delay);
+    m_core.Grid().SetTimer(RepaintTimer, static_cast<UINT>(delay));
+}
+
+std::optional<int> RepaintSchedule::CheckRow(CGridItem& item, int row, std::int32_t nowMs)
+{
+    std::optional<int> earliest;
+    ContextType const type = item.Area()->Type();
+    if (item.RowDeadlineMs() >= 0)
+    {
+        int const left = UntilDeadline(item.RowDeadlineMs(), nowMs);
+        if (left <= 0)
+        {
+            item.SetRowDeadlineMs(-1);
+            m_core.View().InvalidateRow(row, type);
+        }
+        else
+        {
+            earliest = left;
+        }
+    }
+    for (CellUpdate& cell : item.Updates().All())
+    {
+        if (cell.repaintDeadlineMs < 0)
+        {
+            continue;
+        }
+        int const left = UntilDeadline(cell.repaintDeadlineMs, nowMs);
+        if (left <= 0)
+        {
+            cell.repaintDeadlineMs = -1;
+            m_core.View().InvalidateCell(row, type, cell.fieldId);
+        }
+        else
+        {
+            earliest = Earlier(earliest, left);
+        }
+    }
+    return earliest;
+}
+
+std::optional<int> RepaintSchedule::CheckArea(ContextType type, std::int32_t nowMs)
+{
+    std::optional<int> earliest;
+    RowRange const shown = m_core.View().ShownRows(type);
+    CGridItem* item = shown.IsEmpty() ? nullptr : m_core.Area(type)->ItemAt(shown.first);
+    for (int row = shown.first; item != nullptr && row <= shown.last; ++row)
+    {
+        earliest = Earlier(earliest, CheckRow(*item, row, nowMs));
+        item = RowArea::NextVisible(*item);
+    }
+    return earliest;
+}
+
+void RepaintSchedule::OnTimer()
+{
+    m_core.Grid().KillTimer(RepaintTimer);
+    m_isPending = false;
+    std::int32_t const nowMs = GridTimeMs();
+    std::optional<int> const earliest = Earlier(CheckArea(FixedContext, nowMs), CheckArea(ScrollableContext, nowMs));
+    if (earliest)
+    {
+        Schedule(*earliest);
+    }
+}
+} // namespace Ostrel::GUI::Detail
