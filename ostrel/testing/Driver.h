@@ -42,6 +42,11 @@
 namespace Ostrel::Testing
 {
 
+namespace Detail
+{
+class Alarm;
+}
+
 using Platform::CursorShape;
 using Platform::MouseButton;
 
@@ -74,7 +79,8 @@ public:
     explicit Driver(Options options = {});
     Driver(Driver const&) = delete;
     Driver& operator=(Driver const&) = delete;
-    /// Drops what is left in the queue, takes the display away and lets the clock run.
+    /// Destroys windows that are still there, handles what is left in the queue, takes the display away and lets the
+    /// clock run.
     ~Driver();
 
     /// The display, for what has no function here.
@@ -142,7 +148,8 @@ public:
     // ---- windows
     /// Titles of the visible top-level windows, the topmost first.
     [[nodiscard]] std::vector<std::string> Titles() const;
-    /// The visible top-level window with this title. Throws DriverError, naming the titles, when there is none.
+    /// The visible top-level window with this title. Throws DriverError, naming the titles, when there is none. For a
+    /// window that was made without an object a temporary one, good until the program waits the next time.
     [[nodiscard]] CWnd& Window(std::string_view title) const;
     [[nodiscard]] bool HasWindow(std::string_view title) const;
     /// As by the close button of the frame, and by dragging its border. `size` is that of the inner area.
@@ -193,7 +200,6 @@ public:
 private:
     using Step = std::function<void()>;
     class FontPin;
-    class StuckAlarm;
 
     [[nodiscard]] Platform::HeadlessWindow& NativeOf(CWnd const& window) const;
     [[nodiscard]] Platform::HeadlessWindow* FindWindow(std::string_view title) const noexcept;
@@ -218,11 +224,11 @@ private:
     Platform::HeadlessDisplay* m_display; ///< owned by the thread
     std::unique_ptr<FontPin> m_fontPin;
     std::function<bool()> m_hookBefore;
-    std::deque<Step> m_steps;      ///< what is left of the action under way
-    std::deque<Step> m_modalSteps; ///< the user's, for modal loops
-    std::unique_ptr<StuckAlarm> m_alarm;
-    int m_idleDepth = 0;      ///< calls of OnIdle in progress
-    bool m_isWaiting = false; ///< the driver itself waits: an idle loop is not a modal one
+    std::deque<Step> m_steps;               ///< what is left of the action under way
+    std::deque<Step> m_modalSteps;          ///< the user's, for modal loops
+    std::unique_ptr<Detail::Alarm> m_alarm; ///< set while a modal loop waits with no step left
+    int m_idleDepth = 0;                    ///< calls of OnIdle in progress
+    bool m_isWaiting = false;               ///< the driver itself waits: an idle loop is not a modal one
     std::optional<LastPress> m_lastPress;
     std::optional<int> m_quitCode;
 };

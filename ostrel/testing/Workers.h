@@ -49,7 +49,6 @@ public:
 
 private:
     struct Crew;
-    class Watch;
 
     [[nodiscard]] bool TurnLoopUntilDone();
 

@@ -1,0 +1,127 @@
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/testing/NotificationLog.h>
+
+namespace Ostrel::Testing
+{
+
+namespace
+{
+
+struct CodeName
+{
+    UINT code;
+    char const* name;
+};
+
+constexpr CodeName kCodes[] = {
+    {GUI::ItemAdded, "ItemAdded"},
+    {GUI::ItemDeleting, "ItemDeleting"},
+    {GUI::ItemMoved, "ItemMoved"},
+    {GUI::ItemAttached, "ItemAttached"},
+    {GUI::ItemDetaching, "ItemDetaching"},
+    {GUI::FocusChanged, "FocusChanged"},
+    {GUI::SelectionChanged, "SelectionChanged"},
+    {GUI::ItemExpanded, "ItemExpanded"},
+    {GUI::ItemFiltered, "ItemFiltered"},
+    {GUI::ItemShown, "ItemShown"},
+    {GUI::ItemUpdated, "ItemUpdated"},
+    {GUI::HeaderColumnAdded, "HeaderColumnAdded"},
+    {GUI::HeaderColumnRemoved, "HeaderColumnRemoved"},
+    {GUI::HeaderColumnMoved, "HeaderColumnMoved"},
+    {GUI::HeaderColumnResized, "HeaderColumnResized"},
+    {GUI::HeaderColumnChanged, "HeaderColumnChanged"},
+    {GUI::SortUpdated, "SortUpdated"},
+};
+
+char const* NameOfCode(UINT code) noexcept
+{
+    for (CodeName const& known : kCodes)
+    {
+        if (known.code == code)
+        {
+            return known.name;
+        }
+    }
+    return nullptr;
+}
+
+char const* OutcomeOf(GUI::NM_GRIDITEM const& notification) noexcept
+{
+    auto const choose = [&](UINT bit, char const* set, char const* clear)
+    { return (notification.state & bit) != 0 ? set : clear; };
+    switch (notification.code)
+    {
+    case GUI::FocusChanged:
+        return choose(GUI::ItemStateFocused, " gained", " lost");
+    case GUI::SelectionChanged:
+        return choose(GUI::ItemStateSelected, " selected", " deselected");
+    case GUI::ItemExpanded:
+        return choose(GUI::ItemStateExpanded, " expanded", " collapsed");
+    case GUI::ItemFiltered:
+        return choose(GUI::ItemStateFiltered, " hidden", " shown");
+    default:
+        return "";
+    }
+}
+
+} // namespace
+
+std::string NotificationLog::Text() const
+{
+    std::string text;
+    for (std::string const& line : m_lines)
+    {
+        text += text.empty() ? line : "; " + line;
+    }
+    return text;
+}
+
+BOOL NotificationLog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result)
+{
+    auto const& header = *reinterpret_cast<NMHDR const*>(lParam);
+    if (NameOfCode(header.code) != nullptr)
+    {
+        m_lines.push_back(LineOf(header));
+        if (onNotification)
+        {
+            onNotification(std::string(m_lines.back()));
+        }
+    }
+    return CFrameWnd::OnNotify(wParam, lParam, result);
+}
+
+std::string NotificationLog::LineOf(NMHDR const& header)
+{
+    std::string const name = NameOfCode(header.code);
+    if (header.code == GUI::SortUpdated)
+    {
+        return name;
+    }
+    if (header.code >= GUI::HeaderColumnAdded)
+    {
+        auto const& notification = reinterpret_cast<GUI::NM_GRIDCOLUMN const&>(header);
+        return name + ' ' + (notification.column != nullptr ? notification.column->GetName() : "-");
+    }
+    return name + ' ' + ItemLine(reinterpret_cast<GUI::NM_GRIDITEM const&>(header));
+}
+
+std::string NotificationLog::ItemLine(GUI::NM_GRIDITEM const& notification)
+{
+    return NameOf(notification) + OutcomeOf(notification);
+}
+
+std::string NotificationLog::NameOf(GUI::NM_GRIDITEM const& notification)
+{
+    auto const known = m_known.find(notification.object);
+    if (notification.code == GUI::ItemDeleting && known != m_known.end())
+    {
+        return known->second;
+    }
+    if (m_names == nullptr || notification.object == nullptr)
+    {
+        return std::to_string(notification.row);
+    }
+    return m_known[notification.object] = m_names->NameOf(*notification.object);
+}
+
+} // namespace Ostrel::Testing
