@@ -22,7 +22,13 @@ std::unique_ptr<CColumn> MakeColumnOfStoredClass(CArchive& archive)
     try
     {
         CRuntimeClass const* const runtimeClass = archive.ReadClass(RUNTIME_CLASS(CColumn));
-        return std::unique_ptr<CColumn>(dynamic_cast<CColumn*>(runtimeClass->CreateObject()));
+        std::unique_ptr<CObject> object(runtimeClass->CreateObject());
+        if (auto* const column = dynamic_cast<CColumn*>(object.get()))
+        {
+            static_cast<void>(object.release());
+            return std::unique_ptr<CColumn>(column);
+        }
+        return nullptr;
     }
     catch (CArchiveException* caught)
     {
