@@ -81,11 +81,11 @@ TEST_F(ChildSequenceTest, GrowsAndShrinksAtEveryPlace)
 
 TEST_F(ChildSequenceTest, AppendedRowsFillTheirNodes)
 {
-    for (std::size_t i = 0; i < 64 * 50; ++i)
+    for (std::size_t i = 0; i < kLeafCapacity * 50; ++i)
     {
         InsertAt(i);
     }
-    EXPECT_EQ(m_area.Root().Children().Begin().leaf->m_count, kNodeCapacity);
+    EXPECT_EQ(m_area.Root().Children().Begin().leaf->m_count, kLeafCapacity);
     EXPECT_EQ(m_area.Root().Children().RootNode()->m_count, 50);
 }
 

@@ -184,14 +184,14 @@ SequencePlace ChildSequence::LowerBound(CGridItem const& item, SortOrder const& 
     return m_root ? Bisection(item, item.m_sortPrefix, item.m_sortTag, order, goes).Find(m_root) : SequencePlace();
 }
 
-void ChildSequence::Insert(SequencePlace place, CGridItem& item)
+SequencePlace ChildSequence::Insert(SequencePlace place, CGridItem& item)
 {
-    SequenceEditor(m_root).Insert(place, item);
+    return SequenceEditor(m_root).Insert(place, item);
 }
 
-void ChildSequence::Erase(CGridItem& item) noexcept
+void ChildSequence::Erase(SequencePlace place) noexcept
 {
-    SequenceEditor(m_root).Erase(item);
+    SequenceEditor(m_root).Erase(place);
 }
 
 void ChildSequence::Assign(std::span<CGridItem* const> items)
@@ -230,11 +230,10 @@ std::uint32_t ChildSequence::PositionOf(SequencePlace place) noexcept
     return position;
 }
 
-std::uint32_t ChildSequence::RowsBefore(CGridItem const& item) noexcept
+std::uint32_t ChildSequence::RowsBefore(SequencePlace place) noexcept
 {
-    SequenceNode* node = item.m_leaf;
-    std::uint32_t rows = SumBefore(node->Rows(), node->SlotOf(&item));
-    for (; node->m_parent; node = node->m_parent)
+    std::uint32_t rows = SumBefore(place.leaf->Rows(), place.slot);
+    for (SequenceNode* node = place.leaf; node->m_parent; node = node->m_parent)
     {
         rows += SumBefore(node->m_parent->Rows(), node->m_slot);
     }
@@ -250,12 +249,11 @@ CGridItem* ChildSequence::ItemOf(SequencePlace& place) noexcept
     return place.leaf ? place.leaf->ItemAt(place.slot) : nullptr;
 }
 
-Ordering ChildSequence::CompareWithPrevious(CGridItem const& item, SortOrder const& order) noexcept
+Ordering ChildSequence::CompareWithPrevious(SequencePlace place, CGridItem const& item, SortOrder const& order) noexcept
 {
-    SequencePlace const place = PlaceOf(item);
     if (place.slot == 0)
     {
-        CGridItem const* const previous = Previous(item);
+        CGridItem const* const previous = Previous(place);
         return previous ? order.Compare(*previous, item) : Ordering::Before;
     }
     unsigned const slot = place.slot - 1;
@@ -264,9 +262,8 @@ Ordering ChildSequence::CompareWithPrevious(CGridItem const& item, SortOrder con
                          item.m_sortTag, item);
 }
 
-Ordering ChildSequence::CompareWithNext(CGridItem const& item, SortOrder const& order) noexcept
+Ordering ChildSequence::CompareWithNext(SequencePlace place, CGridItem const& item, SortOrder const& order) noexcept
 {
-    SequencePlace place = PlaceOf(item);
     ++place.slot;
     CGridItem const* const next = ItemOf(place);
     return next ? order.Compare(item.m_sortPrefix, item.m_sortTag, item, place.leaf->Prefixes()[place.slot],
@@ -283,7 +280,11 @@ CGridItem* ChildSequence::Next(CGridItem const& item) noexcept
 
 CGridItem* ChildSequence::Previous(CGridItem const& item) noexcept
 {
-    SequencePlace const place = PlaceOf(item);
+    return Previous(PlaceOf(item));
+}
+
+CGridItem* ChildSequence::Previous(SequencePlace place) noexcept
+{
     if (place.slot > 0)
     {
         return place.leaf->ItemAt(place.slot - 1);
@@ -314,9 +315,9 @@ std::int32_t ChildSequence::UpdateRows(SequencePlace place) noexcept
     return static_cast<std::int32_t>(change);
 }
 
-void ChildSequence::UpdateKey(CGridItem& item) noexcept
+void ChildSequence::UpdateKey(SequencePlace place) noexcept
 {
-    SequencePlace const place = PlaceOf(item);
+    CGridItem const& item = *place.leaf->ItemAt(place.slot);
     place.leaf->Prefixes()[place.slot] = item.m_sortPrefix;
     place.leaf->Tags()[place.slot] = item.m_sortTag;
     if (place.slot == 0)

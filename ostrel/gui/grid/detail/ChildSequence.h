@@ -13,8 +13,8 @@
 // and a node carries totals and a bit per slot that says "something below is selected".
 //
 // Invariants: all leaves are at one depth; no node is empty; a node that is neither the root nor on the right spine has
-// at least kNodeCapacity / 4 entries; only a root leaf has less than the full capacity; an item's slot holds its
-// present rows, key and selected bit (whoever changes one of these in the item calls Update...).
+// at least a quarter of its capacity in entries; only a root leaf has less than the full capacity; an item's slot holds
+// its present rows, key and selected bit (whoever changes one of these in the item calls Update...).
 #pragma once
 
 #include <cstddef>
@@ -32,7 +32,9 @@ class SequenceEditor;
 class SortOrder;
 enum class Ordering : std::int8_t;
 
-inline constexpr unsigned kNodeCapacity = 64;
+/// Slots of a full node. Leaves are smaller: an update shifts the slots of two of them, and a search reads many.
+inline constexpr unsigned kLeafCapacity = 32;
+inline constexpr unsigned kInnerCapacity = 64;
 
 /// One node; its arrays follow it in the same block of memory.
 struct SequenceNode
@@ -120,8 +122,9 @@ public:
     /// Null while there are no children.
     [[nodiscard]] SequenceNode* RootNode() const noexcept { return m_root; }
 
-    void Insert(SequencePlace place, CGridItem& item);
-    void Erase(CGridItem& item) noexcept;
+    /// Returns where the item is now.
+    SequencePlace Insert(SequencePlace place, CGridItem& item);
+    void Erase(SequencePlace place) noexcept;
     /// Replaces the children (which must all be in the list already, or nowhere) by the list in its order.
     void Assign(std::span<CGridItem* const> items);
     /// Forgets the children; touches none of them.
@@ -131,21 +134,24 @@ public:
     [[nodiscard]] static SequencePlace PlaceOf(CGridItem const& item) noexcept;
     [[nodiscard]] static std::uint32_t PositionOf(CGridItem const& item) noexcept;
     [[nodiscard]] static std::uint32_t PositionOf(SequencePlace place) noexcept;
-    [[nodiscard]] static std::uint32_t RowsBefore(CGridItem const& item) noexcept;
+    [[nodiscard]] static std::uint32_t RowsBefore(SequencePlace place) noexcept;
     [[nodiscard]] static CGridItem* Next(CGridItem const& item) noexcept;     ///< null behind the last
     [[nodiscard]] static CGridItem* Previous(CGridItem const& item) noexcept; ///< null before the first
+    [[nodiscard]] static CGridItem* Previous(SequencePlace place) noexcept;
     /// The item of a place, null at the end; steps over the end of a leaf.
     [[nodiscard]] static CGridItem* ItemOf(SequencePlace& place) noexcept;
     /// The item's neighbour relative to the item, and the item relative to its other neighbour, by the neighbour's
     /// cached key; Before when there is none.
-    [[nodiscard]] static Ordering CompareWithPrevious(CGridItem const& item, SortOrder const& order) noexcept;
-    [[nodiscard]] static Ordering CompareWithNext(CGridItem const& item, SortOrder const& order) noexcept;
+    [[nodiscard]] static Ordering CompareWithPrevious(SequencePlace place, CGridItem const& item,
+                                                      SortOrder const& order) noexcept;
+    [[nodiscard]] static Ordering CompareWithNext(SequencePlace place, CGridItem const& item,
+                                                  SortOrder const& order) noexcept;
 
     /// Takes over the item's rows; returns by how much the sum changed.
     static std::int32_t UpdateRows(CGridItem& item) noexcept;
     static std::int32_t UpdateRows(SequencePlace place) noexcept;
     /// Takes over the item's first sort key.
-    static void UpdateKey(CGridItem& item) noexcept;
+    static void UpdateKey(SequencePlace place) noexcept;
     /// Takes over whether something below or at the item is selected; true if the whole sequence's answer changed.
     static bool UpdateSelected(CGridItem& item) noexcept;
 

@@ -144,7 +144,7 @@ void RowArea::Unlink(CGridItem& item) noexcept
     CGridItem& parent = *item.m_parent;
     if (item.m_leaf)
     {
-        parent.m_children.Erase(item);
+        parent.m_children.Erase(ChildSequence::PlaceOf(item));
         CarryRows(parent);
         CarrySelected(parent);
     }
@@ -208,14 +208,28 @@ void RowArea::SortChildren(CGridItem& parent, std::vector<CGridItem*>& children)
     }
     children.clear();
     children.reserve(parent.m_children.Count());
-    parent.m_children.ForEach(
-        [&](CGridItem& child)
-        {
-            m_order.ComputeKeys(child, *m_values);
-            children.push_back(&child);
-        });
+    parent.m_children.ForEach([&](CGridItem& child) { children.push_back(&child); });
+    ComputeKeys(children);
     m_order.Sort(children);
     parent.m_children.Assign(children);
+}
+
+/// Rows and their objects lie anywhere in memory, so those next in turn are fetched ahead.
+void RowArea::ComputeKeys(std::span<CGridItem* const> items)
+{
+    constexpr std::size_t kItemsAhead = 24;
+    constexpr std::size_t kObjectsAhead = 12;
+    std::size_t const last = items.size() - 1;
+    for (std::size_t i = 0; i < items.size(); ++i)
+    {
+        CGridItem const* const far = items[std::min(i + kItemsAhead, last)];
+        __builtin_prefetch(far, 1);
+        __builtin_prefetch(reinterpret_cast<std::byte const*>(far) + 64);
+        CGridItem const* const near = items[std::min(i + kObjectsAhead, last)];
+        __builtin_prefetch(near->m_object);
+        __builtin_prefetch(near->m_sortValues.get(), 1);
+        m_order.ComputeKeys(*items[i], *m_values);
+    }
 }
 
 RowMove RowArea::Reposition(CGridItem& item)
@@ -225,44 +239,60 @@ RowMove RowArea::Reposition(CGridItem& item)
         return {};
     }
     m_order.ComputeKeys(item, *m_values);
-    Ordering const toPrevious = ChildSequence::CompareWithPrevious(item, m_order);
-    Ordering const toNext = ChildSequence::CompareWithNext(item, m_order);
+    SequencePlace const place = ChildSequence::PlaceOf(item);
+    Ordering const toPrevious = ChildSequence::CompareWithPrevious(place, item, m_order);
+    Ordering const toNext = ChildSequence::CompareWithNext(place, item, m_order);
     auto const isInOrder = [](Ordering ordering)
     { return ordering == Ordering::Before || ordering == Ordering::Equal; };
     if (isInOrder(toPrevious) && isInOrder(toNext))
     {
-        ChildSequence::UpdateKey(item);
+        ChildSequence::UpdateKey(place);
         return {};
     }
-    int const from = RowOf(item);
-    if (!MoveToItsPlace(item, toPrevious, toNext))
+    bool const isVisible = IsVisible(item);
+    int const from = isVisible ? RowsAbove(item, place) : -1;
+    SequencePlace const target = toPrevious == Ordering::After ? MoveBack(item, place)
+                                 : toPrevious != Ordering::Incomparable && toNext == Ordering::After
+                                     ? MoveForward(item, place)
+                                     : MoveEitherWay(item, place);
+    if (!target.leaf)
     {
         return {};
     }
-    return {true, from, RowOf(item), from >= 0 ? static_cast<int>(item.Rows()) : 0};
+    return {true, from, isVisible ? RowsAbove(item, target) : -1, isVisible ? static_cast<int>(item.Rows()) : 0};
 }
 
-/// Leaves the order before the item alone if that is right, else goes behind the last one that does not come after it;
-/// likewise to the other side. Neighbours whose keys do not compare say nothing, so then both sides are searched.
-bool RowArea::MoveToItsPlace(CGridItem& item, Ordering toPrevious, Ordering toNext)
+/// Behind the last sibling that does not come after it.
+SequencePlace RowArea::MoveBack(CGridItem& item, SequencePlace place)
 {
     ChildSequence& siblings = item.m_parent->m_children;
-    std::uint32_t const oldPosition = ChildSequence::PositionOf(item);
-    bool const isCertain =
-        toPrevious == Ordering::After || (toPrevious != Ordering::Incomparable && toNext == Ordering::After);
-    siblings.Erase(item);
-    SequencePlace place = toPrevious == Ordering::After || !isCertain ? siblings.UpperBound(item, m_order)
-                                                                      : siblings.LowerBound(item, m_order);
-    if (!isCertain && ChildSequence::PositionOf(place) >= oldPosition)
+    siblings.Erase(place);
+    return siblings.Insert(siblings.UpperBound(item, m_order), item);
+}
+
+/// Before the first sibling that does not come before it.
+SequencePlace RowArea::MoveForward(CGridItem& item, SequencePlace place)
+{
+    ChildSequence& siblings = item.m_parent->m_children;
+    siblings.Erase(place);
+    return siblings.Insert(siblings.LowerBound(item, m_order), item);
+}
+
+/// A neighbour does not compare and so says nothing: searches first among the siblings before the item, then among
+/// those behind it. Returns no place if it stays.
+SequencePlace RowArea::MoveEitherWay(CGridItem& item, SequencePlace place)
+{
+    ChildSequence& siblings = item.m_parent->m_children;
+    std::uint32_t const oldPosition = ChildSequence::PositionOf(place);
+    siblings.Erase(place);
+    SequencePlace target = siblings.UpperBound(item, m_order);
+    if (ChildSequence::PositionOf(target) >= oldPosition)
     {
-        place = siblings.LowerBound(item, m_order);
-        if (ChildSequence::PositionOf(place) < oldPosition)
-        {
-            place = siblings.PlaceAt(oldPosition);
-        }
+        target = siblings.LowerBound(item, m_order);
+        target = ChildSequence::PositionOf(target) > oldPosition ? target : siblings.PlaceAt(oldPosition);
     }
-    siblings.Insert(place, item);
-    return ChildSequence::PositionOf(item) != oldPosition;
+    target = siblings.Insert(target, item);
+    return ChildSequence::PositionOf(target) != oldPosition ? target : SequencePlace();
 }
 
 } // namespace Ostrel::GUI::Detail

@@ -195,13 +195,17 @@ private:
     // Sorting.
     void SortBelow(CGridItem& item);
     void SortChildren(CGridItem& parent, std::vector<CGridItem*>& children);
-    bool MoveToItsPlace(CGridItem& item, Ordering toPrevious, Ordering toNext);
+    void ComputeKeys(std::span<CGridItem* const> items);
+    SequencePlace MoveBack(CGridItem& item, SequencePlace place);
+    SequencePlace MoveForward(CGridItem& item, SequencePlace place);
+    SequencePlace MoveEitherWay(CGridItem& item, SequencePlace place);
 
     // Visibility.
     /// True for a root, and for a visible row that is expanded.
     [[nodiscard]] static bool ShowsChildren(CGridItem const& item) noexcept;
     /// Visible rows above the place of an item whose parent shows its children.
     [[nodiscard]] static int RowsAbove(CGridItem const& item) noexcept;
+    [[nodiscard]] static int RowsAbove(CGridItem const& item, SequencePlace place) noexcept;
     [[nodiscard]] bool AsksToHide(CGridItem& item) const;
     void FindFlips(CGridItem& top, std::vector<CGridItem*>& flips) const;
     static void Flip(std::vector<CGridItem*> const& items) noexcept;

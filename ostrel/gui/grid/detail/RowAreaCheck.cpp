@@ -24,7 +24,8 @@ public:
         {
             return "a node is empty or overfull";
         }
-        if (!isRoot && (node.m_capacity != kNodeCapacity || (!isOnRightSpine && node.m_count < kNodeCapacity / 4)))
+        unsigned const capacity = node.m_isLeaf ? kLeafCapacity : kInnerCapacity;
+        if (!isRoot && (node.m_capacity != capacity || (!isOnRightSpine && node.m_count < capacity / 4)))
         {
             return "a node is too small";
         }

@@ -47,10 +47,15 @@ bool RowArea::ShowsChildren(CGridItem const& item) noexcept
 
 int RowArea::RowsAbove(CGridItem const& item) noexcept
 {
-    std::uint32_t rows = 0;
-    for (CGridItem const* at = &item; at->m_leaf; at = at->m_parent)
+    return RowsAbove(item, ChildSequence::PlaceOf(item));
+}
+
+int RowArea::RowsAbove(CGridItem const& item, SequencePlace place) noexcept
+{
+    std::uint32_t rows = ChildSequence::RowsBefore(place);
+    for (CGridItem const* at = item.m_parent; at->m_leaf; at = at->m_parent)
     {
-        rows += ChildSequence::RowsBefore(*at) + (at->m_parent->m_isRoot ? 0U : 1U);
+        rows += 1 + ChildSequence::RowsBefore(ChildSequence::PlaceOf(*at));
     }
     return static_cast<int>(rows);
 }

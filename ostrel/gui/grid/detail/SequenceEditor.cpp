@@ -12,13 +12,32 @@ namespace Ostrel::GUI::Detail
 namespace
 {
 
-constexpr unsigned kThin = kNodeCapacity / 4; ///< below this a node is merged with a neighbour or refilled
-constexpr unsigned kMergeLimit = kNodeCapacity / 4 * 3;
-constexpr unsigned kBuildFill = kNodeCapacity / 8 * 7; ///< leaves room for the first insertions after a sort
+constexpr unsigned CapacityOf(bool isLeaf) noexcept
+{
+    return isLeaf ? kLeafCapacity : kInnerCapacity;
+}
+
+/// Below this a node is merged with a neighbour, if both fit into three quarters of one, or refilled.
+constexpr unsigned ThinLimit(bool isLeaf) noexcept
+{
+    return CapacityOf(isLeaf) / 4;
+}
+
+constexpr unsigned MergeLimit(bool isLeaf) noexcept
+{
+    return CapacityOf(isLeaf) / 4 * 3;
+}
+
+/// Nodes into which so many things are built; several are not quite full, to leave room for the insertions to come.
+constexpr std::size_t NodesFor(std::size_t count, bool isLeaf) noexcept
+{
+    std::size_t const capacity = CapacityOf(isLeaf);
+    return count <= capacity ? (count + capacity - 1) / capacity : 1 + (count - 1) / (capacity / 8 * 7);
+}
 
 constexpr unsigned LeafCapacityFor(std::size_t count) noexcept
 {
-    return count <= 4 ? 4 : count <= 16 ? 16 : kNodeCapacity;
+    return count <= 4 ? 4 : count <= 12 ? 12 : kLeafCapacity;
 }
 
 std::uint64_t BitsBelow(unsigned slot) noexcept
@@ -223,7 +242,7 @@ bool SequenceEditor::SetSelectedBit(SequenceNode& start, unsigned slot, bool sel
     }
 }
 
-void SequenceEditor::Insert(SequencePlace place, CGridItem& item)
+SequencePlace SequenceEditor::Insert(SequencePlace place, CGridItem& item)
 {
     SequenceNode* leaf = place.leaf;
     unsigned slot = place.slot;
@@ -232,14 +251,14 @@ void SequenceEditor::Insert(SequencePlace place, CGridItem& item)
     {
         m_root = leaf = NewNode(true, LeafCapacityFor(1));
     }
-    else if (leaf->m_count == leaf->m_capacity && leaf->m_capacity < kNodeCapacity)
+    else if (leaf->m_count == leaf->m_capacity && leaf->m_capacity < kLeafCapacity)
     {
         leaf = GrowRootLeaf();
     }
     else if (leaf->m_count == leaf->m_capacity)
     {
         split = Split(*leaf, SplitSlot(*leaf, slot));
-        if (slot > leaf->m_count || leaf->m_count == kNodeCapacity)
+        if (slot > leaf->m_count || leaf->m_count == kLeafCapacity)
         {
             slot -= leaf->m_count;
             std::swap(leaf, split);
@@ -251,7 +270,7 @@ void SequenceEditor::Insert(SequencePlace place, CGridItem& item)
     {
         RefreshUp(*split);
         RefreshUp(*leaf);
-        return;
+        return {leaf, slot};
     }
     leaf->m_selected &= ~(std::uint64_t{1} << slot);
     SetSelectedBit(*leaf, slot, item.HasSelected());
@@ -260,6 +279,7 @@ void SequenceEditor::Insert(SequencePlace place, CGridItem& item)
     {
         PublishFirst(*leaf);
     }
+    return {leaf, slot};
 }
 
 SequenceNode* SequenceEditor::GrowRootLeaf()
@@ -283,13 +303,13 @@ SequenceNode* SequenceEditor::Split(SequenceNode& node, unsigned splitSlot)
 {
     if (!node.m_parent)
     {
-        SequenceNode* const root = NewNode(false, kNodeCapacity);
+        SequenceNode* const root = NewNode(false, kInnerCapacity);
         OpenSlots(*root, 0, 1);
         SetInnerSlot(*root, 0, node);
         Recount(*root);
         m_root = root;
     }
-    SequenceNode* const right = NewNode(node.m_isLeaf, kNodeCapacity);
+    SequenceNode* const right = NewNode(node.m_isLeaf, CapacityOf(node.m_isLeaf));
     MoveSlots(*right, 0, node, splitSlot, node.m_count - splitSlot);
     InsertNodeAfter(node, *right);
     return right;
@@ -314,11 +334,11 @@ void SequenceEditor::InsertNodeAfter(SequenceNode& left, SequenceNode& right)
     Recount(*parent);
 }
 
-void SequenceEditor::Erase(CGridItem& item) noexcept
+void SequenceEditor::Erase(SequencePlace place) noexcept
 {
-    SequenceNode& leaf = *item.m_leaf;
-    unsigned const slot = leaf.SlotOf(&item);
-    item.m_leaf = nullptr;
+    SequenceNode& leaf = *place.leaf;
+    unsigned const slot = place.slot;
+    leaf.ItemAt(slot)->m_leaf = nullptr;
     AddToTotals(leaf, ~0U, 0U - leaf.Rows()[slot]);
     SetSelectedBit(leaf, slot, false);
     CloseSlots(leaf, slot, 1);
@@ -338,7 +358,7 @@ void SequenceEditor::AfterRemoval(SequenceNode& node, unsigned slot) noexcept
     {
         PublishFirst(node);
     }
-    if (node.m_count < kThin && node.m_parent && node.m_parent->m_count > 1)
+    if (node.m_count < ThinLimit(node.m_isLeaf) && node.m_parent && node.m_parent->m_count > 1)
     {
         Refill(node);
     }
@@ -367,7 +387,7 @@ void SequenceEditor::Refill(SequenceNode& node) noexcept
     SequenceNode& left = *parent.Child(leftSlot);
     SequenceNode& right = *parent.Child(leftSlot + 1);
     unsigned const sum = left.m_count + right.m_count;
-    if (sum <= kMergeLimit)
+    if (sum <= MergeLimit(node.m_isLeaf))
     {
         MoveSlots(left, left.m_count, right, 0, right.m_count);
         SetInnerSlot(parent, leftSlot, left);
@@ -402,14 +422,14 @@ void SequenceEditor::DropThinRoot() noexcept
 void SequenceEditor::Build(std::span<CGridItem* const> items)
 {
     constexpr std::size_t kPrefetchAhead = 16;
-    std::size_t const leafCount = items.size() <= kNodeCapacity ? !items.empty() : 1 + (items.size() - 1) / kBuildFill;
+    std::size_t const leafCount = NodesFor(items.size(), true);
     std::vector<SequenceNode*> level;
     level.reserve(leafCount);
     for (std::size_t leafIndex = 0; leafIndex < leafCount; ++leafIndex)
     {
         std::size_t const from = items.size() * leafIndex / leafCount;
         std::size_t const to = items.size() * (leafIndex + 1) / leafCount;
-        SequenceNode* const leaf = NewNode(true, leafCount == 1 ? LeafCapacityFor(to) : kNodeCapacity);
+        SequenceNode* const leaf = NewNode(true, leafCount == 1 ? LeafCapacityFor(to) : kLeafCapacity);
         level.push_back(leaf);
         leaf->m_count = static_cast<std::uint8_t>(to - from);
         for (std::size_t i = from; i < to; ++i)
@@ -428,14 +448,14 @@ void SequenceEditor::Build(std::span<CGridItem* const> items)
 
 std::vector<SequenceNode*> SequenceEditor::BuildLevel(std::span<SequenceNode* const> below)
 {
-    std::size_t const count = below.size() <= kNodeCapacity ? 1 : 1 + (below.size() - 1) / kBuildFill;
+    std::size_t const count = NodesFor(below.size(), false);
     std::vector<SequenceNode*> level;
     level.reserve(count);
     for (std::size_t index = 0; index < count; ++index)
     {
         std::size_t const from = below.size() * index / count;
         std::size_t const to = below.size() * (index + 1) / count;
-        SequenceNode* const node = level.emplace_back(NewNode(false, kNodeCapacity));
+        SequenceNode* const node = level.emplace_back(NewNode(false, kInnerCapacity));
         node->m_count = static_cast<std::uint8_t>(to - from);
         for (std::size_t i = from; i < to; ++i)
         {

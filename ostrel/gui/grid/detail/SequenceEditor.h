@@ -16,8 +16,8 @@ public:
     /// Works on the tree of that root; an empty tree has none.
     explicit SequenceEditor(SequenceNode*& root) noexcept : m_root(root) {}
 
-    void Insert(SequencePlace place, CGridItem& item);
-    void Erase(CGridItem& item) noexcept;
+    SequencePlace Insert(SequencePlace place, CGridItem& item);
+    void Erase(SequencePlace place) noexcept;
     /// Builds the tree, which must be empty, from items that are in the wanted order.
     void Build(std::span<CGridItem* const> items);
     void FreeAll() noexcept;

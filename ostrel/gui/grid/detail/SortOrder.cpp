@@ -185,6 +185,13 @@ struct Keyed
     std::uint64_t prefix;
     CGridItem* item;
 };
+
+struct TwiceKeyed
+{
+    std::uint64_t prefix;
+    std::uint64_t secondPrefix;
+    CGridItem* item;
+};
 } // namespace
 
 void SortOrder::Sort(std::vector<CGridItem*>& items) const
@@ -211,6 +218,11 @@ void SortOrder::Sort(std::vector<CGridItem*>& items) const
     {
         RadixSort(keyed, &Keyed::prefix);
     }
+    else if (m_count == 2 && !IsText(tag) && HasOneNumberType(items, 1))
+    {
+        SortByTwoNumbers(items);
+        return;
+    }
     else
     {
         MergeSort(keyed,
@@ -220,6 +232,28 @@ void SortOrder::Sort(std::vector<CGridItem*>& items) const
                   });
     }
     std::ranges::transform(keyed, items.begin(), &Keyed::item);
+}
+
+bool SortOrder::HasOneNumberType(std::span<CGridItem* const> items, unsigned level) noexcept
+{
+    Common::EnType const type = items.front()->m_sortValues[level].GetType();
+    return type != Common::TypeEmpty && !IsText(static_cast<std::uint8_t>(type)) &&
+           std::ranges::all_of(items, [=](CGridItem* item) { return item->m_sortValues[level].GetType() == type; });
+}
+
+/// By the lesser level first; the sort by the greater one keeps that order among equals.
+void SortOrder::SortByTwoNumbers(std::vector<CGridItem*>& items) const
+{
+    std::vector<TwiceKeyed> keyed;
+    keyed.reserve(items.size());
+    for (CGridItem* const item : items)
+    {
+        std::uint64_t const second = PrefixOf(item->m_sortValues[1]);
+        keyed.push_back({item->m_sortPrefix, m_levels[1].descending ? ~second : second, item});
+    }
+    RadixSort(keyed, &TwiceKeyed::secondPrefix);
+    RadixSort(keyed, &TwiceKeyed::prefix);
+    std::ranges::transform(keyed, items.begin(), &TwiceKeyed::item);
 }
 
 } // namespace Ostrel::GUI::Detail

@@ -87,6 +87,8 @@ private:
     static constexpr std::uint8_t kEmptyTag = 0;
     static constexpr std::uint8_t kLastTextTag = 2;
 
+    [[nodiscard]] static bool HasOneNumberType(std::span<CGridItem* const> items, unsigned level) noexcept;
+    void SortByTwoNumbers(std::vector<CGridItem*>& items) const;
     [[nodiscard]] Ordering CompareValues(CGridItem const& a, CGridItem const& b) const noexcept;
 
     SortLevel m_levels[kMaxLevels];
