@@ -80,6 +80,10 @@ public:
         : RECT{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y}
     {}
 
+    /// For the functions that take rectangles by pointer.
+    constexpr operator RECT*() noexcept { return this; }
+    constexpr operator RECT const*() const noexcept { return this; }
+
     [[nodiscard]] constexpr int Width() const noexcept { return right - left; }
     [[nodiscard]] constexpr int Height() const noexcept { return bottom - top; }
     [[nodiscard]] constexpr CSize Size() const noexcept { return {Width(), Height()}; }

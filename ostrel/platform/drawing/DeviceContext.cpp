@@ -20,11 +20,11 @@ namespace
 {
 
 // Coordinates beyond this are of no use on any surface.
-constexpr std::int64_t kFarthest = 1 << 28;
+constexpr int kFarthest = 1 << 28;
 
 int Near(std::int64_t coordinate) noexcept
 {
-    return static_cast<int>(std::clamp(coordinate, -kFarthest, kFarthest));
+    return static_cast<int>(std::clamp<std::int64_t>(coordinate, -kFarthest, kFarthest));
 }
 
 int NearSum(int a, int b) noexcept
@@ -384,6 +384,7 @@ int CDC::SelectClipRgn(CRgn* region, int mode)
         return ChangedClip();
     }
     Region wanted = region->GetRegion();
+    wanted.Intersect(CRect(-kFarthest, -kFarthest, kFarthest, kFarthest));
     wanted.Offset(m_origin.x, m_origin.y);
     switch (mode)
     {

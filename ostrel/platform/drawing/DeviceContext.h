@@ -137,6 +137,8 @@ public:
     /// text (with DT_WORDBREAK below its width).
     int DrawText(LPCSTR text, int length, RECT* rect, UINT format);
     int DrawText(CString const& text, RECT* rect, UINT format);
+    int DrawText(LPCSTR text, RECT* rect, UINT format) { return DrawText(text, -1, rect, format); }
+    /// Only draws; DT_CALCRECT is ignored.
     int DrawText(std::string_view text, RECT const& rect, UINT format);
     BOOL TextOut(int x, int y, LPCSTR text, int length);
     BOOL TextOut(int x, int y, CString const& text);

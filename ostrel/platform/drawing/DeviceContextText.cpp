@@ -140,7 +140,7 @@ int CDC::DrawText(LPCSTR text, int length, RECT* rect, UINT format)
         std::string_view const line = TakeLine(rest);
         if ((format & DT_WORDBREAK) != 0)
         {
-            AppendBroken(parts.lines, line, CRect(*rect).Width(),
+            AppendBroken(parts.lines, line, ToTarget(*rect).Width(),
                          [this](std::string_view part) { return m_target->TextWidth(m_state.fontId, part); });
         }
         else
@@ -153,8 +153,8 @@ int CDC::DrawText(LPCSTR text, int length, RECT* rect, UINT format)
         return DrawTextLines(parts, *rect, format);
     }
     CSize const size = MeasureLines(parts);
-    rect->right = rect->left + size.cx;
-    rect->bottom = rect->top + size.cy;
+    rect->right = rect->left + std::min(size.cx, std::numeric_limits<int>::max() - std::max(rect->left, 0));
+    rect->bottom = rect->top + std::min(size.cy, std::numeric_limits<int>::max() - std::max(rect->top, 0));
     return size.cy;
 }
 

@@ -396,11 +396,12 @@ void DrawScrollCorner(CDC& dc, CRect const& rect)
     dc.FillSolidRect(rect, GetSysColor(COLOR_SCROLLBAR));
 }
 
-// A chevron of two strokes of equal thickness, as wide as twice its depth less one.
+// A chevron of two strokes of equal thickness, as wide as twice its depth less one; none where there is no room.
 void DrawArrow(CDC& dc, CRect const& rect, ArrowDirection direction, COLORREF color)
 {
-    int const depth = std::min(Scaled(4), std::min(rect.Width(), rect.Height()) / 2);
     int const thickness = std::max(2, Scaled(3) / 2);
+    int const room = std::min(rect.Width(), rect.Height());
+    int const depth = std::min({Scaled(4), (room + 1) / 2, room - thickness + 1});
     bool const isVertical = direction == ArrowDirection::Up || direction == ArrowDirection::Down;
     bool const pointsBack = direction == ArrowDirection::Up || direction == ArrowDirection::Left;
     int const across = 2 * depth - 1;

@@ -31,13 +31,17 @@ constexpr std::uint32_t Mix(std::uint32_t below, std::uint32_t pixel, unsigned o
     return Multiply(pixel, opacity) + Multiply(below, 255U - opacity);
 }
 
+// Calls row(begin, end) for the pixels of each row. What a row function captures by value stays in registers: the
+// compiler must assume that a store to a pixel changes anything that it only knows by reference.
 template <class Row>
 void ForEachRow(Area const& area, Row row)
 {
     std::uint32_t* pixels = area.pixels;
-    for (int y = 0; y < area.height; ++y, pixels += area.stride)
+    std::ptrdiff_t const stride = area.stride;
+    int const width = area.width;
+    for (int left = area.height; left > 0; --left, pixels += stride)
     {
-        row(pixels);
+        row(pixels, pixels + width);
     }
 }
 
@@ -73,35 +77,34 @@ void Fill(Area const& area, std::uint32_t pixel) noexcept
 #if defined(__SSE2__)
     __m128i const four = _mm_set1_epi32(static_cast<int>(pixel));
     ForEachRow(area,
-               [&](std::uint32_t* row)
+               [four, pixel](std::uint32_t* row, std::uint32_t* end)
                {
-                   int x = 0;
-                   for (; x + 8 <= area.width; x += 8)
+                   for (; end - row >= 16; row += 16)
                    {
-                       _mm_storeu_si128(At(row + x), four);
-                       _mm_storeu_si128(At(row + x + 4), four);
+                       _mm_storeu_si128(At(row), four);
+                       _mm_storeu_si128(At(row + 4), four);
+                       _mm_storeu_si128(At(row + 8), four);
+                       _mm_storeu_si128(At(row + 12), four);
                    }
-                   for (; x < area.width; ++x)
+                   for (; end - row >= 4; row += 4)
                    {
-                       row[x] = pixel;
+                       _mm_storeu_si128(At(row), four);
+                   }
+                   for (; row != end; ++row)
+                   {
+                       *row = pixel;
                    }
                });
 #else
-    ForEachRow(area, [&](std::uint32_t* row) { std::fill_n(row, area.width, pixel); });
+    ForEachRow(area, [pixel](std::uint32_t* row, std::uint32_t* end) { std::fill(row, end, pixel); });
 #endif
 }
 
 void OverlayPlain(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexcept
 {
     std::uint32_t const part = Multiply(pixel, opacity);
-    ForEachRow(area,
-               [&](std::uint32_t* row)
-               {
-                   for (int x = 0; x < area.width; ++x)
-                   {
-                       row[x] = part + Multiply(row[x], 255U - opacity);
-                   }
-               });
+    ForEachRow(area, [part, rest = 255U - opacity](std::uint32_t* row, std::uint32_t* end)
+               { std::transform(row, end, row, [&](std::uint32_t below) { return part + Multiply(below, rest); }); });
 }
 
 void Overlay(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexcept
@@ -111,16 +114,15 @@ void Overlay(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexce
     __m128i const part = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(added)), _mm_setzero_si128());
     __m128i const rest = _mm_set1_epi16(static_cast<short>(255 - opacity));
     ForEachRow(area,
-               [&](std::uint32_t* row)
+               [added, part, rest, opacity](std::uint32_t* row, std::uint32_t* end)
                {
-                   int x = 0;
-                   for (; x + 4 <= area.width; x += 4)
+                   for (; end - row >= 4; row += 4)
                    {
-                       MixFour(row + x, part, part, rest, rest);
+                       MixFour(row, part, part, rest, rest);
                    }
-                   for (; x < area.width; ++x)
+                   for (; row != end; ++row)
                    {
-                       row[x] = added + Multiply(row[x], 255U - opacity);
+                       *row = added + Multiply(*row, 255U - opacity);
                    }
                });
 #else
@@ -131,12 +133,11 @@ void Overlay(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexce
 void MaskPlain(Area const& area, std::uint8_t const* mask, std::ptrdiff_t maskStride, std::uint32_t pixel) noexcept
 {
     ForEachRow(area,
-               [&](std::uint32_t* row)
+               [mask, maskStride, pixel](std::uint32_t* row, std::uint32_t* end) mutable
                {
-                   for (int x = 0; x < area.width; ++x)
-                   {
-                       row[x] = mask[x] != 0 ? Mix(row[x], pixel, mask[x]) : row[x];
-                   }
+                   std::transform(row, end, mask, row,
+                                  [pixel](std::uint32_t below, std::uint8_t coverage)
+                                  { return coverage != 0 ? Mix(below, pixel, coverage) : below; });
                    mask += maskStride;
                });
 }
@@ -147,27 +148,27 @@ void MaskPadded(Area const& area, std::uint8_t const* mask, std::ptrdiff_t maskS
     __m128i const solid = _mm_set1_epi32(static_cast<int>(pixel));
     __m128i const color = _mm_unpacklo_epi8(solid, _mm_setzero_si128());
     __m128i const full = _mm_set1_epi16(255);
-    ForEachRow(area,
-               [&](std::uint32_t* row)
-               {
-                   for (int x = 0; x < area.width; x += 4)
-                   {
-                       int bytes = 0;
-                       std::memcpy(&bytes, mask + x, sizeof bytes);
-                       if (bytes == 0)
-                       {
-                           continue;
-                       }
-                       __m128i spread = _mm_cvtsi32_si128(bytes);
-                       spread = _mm_unpacklo_epi8(spread, spread);
-                       spread = _mm_unpacklo_epi16(spread, spread);
-                       __m128i const low = _mm_unpacklo_epi8(spread, _mm_setzero_si128());
-                       __m128i const high = _mm_unpackhi_epi8(spread, _mm_setzero_si128());
-                       MixFour(row + x, MultiplyLanes(color, low), MultiplyLanes(color, high), _mm_sub_epi16(full, low),
-                               _mm_sub_epi16(full, high));
-                   }
-                   mask += maskStride;
-               });
+    std::uint32_t* pixels = area.pixels;
+    std::ptrdiff_t const toNextRow = area.stride - maskStride; // rows of a whole mask follow each other without a gap
+    for (std::uint8_t const* const end = mask + maskStride * area.height; mask != end; pixels += toNextRow)
+    {
+        for (std::uint8_t const* const rowEnd = mask + maskStride; mask != rowEnd; mask += 4, pixels += 4)
+        {
+            int bytes = 0;
+            std::memcpy(&bytes, mask, sizeof bytes);
+            if (bytes == 0)
+            {
+                continue;
+            }
+            __m128i spread = _mm_cvtsi32_si128(bytes);
+            spread = _mm_unpacklo_epi8(spread, spread);
+            spread = _mm_unpacklo_epi16(spread, spread);
+            __m128i const low = _mm_unpacklo_epi8(spread, _mm_setzero_si128());
+            __m128i const high = _mm_unpackhi_epi8(spread, _mm_setzero_si128());
+            MixFour(pixels, MultiplyLanes(color, low), MultiplyLanes(color, high), _mm_sub_epi16(full, low),
+                    _mm_sub_epi16(full, high));
+        }
+    }
 #else
     MaskPlain(area, mask, maskStride, pixel);
 #endif
@@ -182,12 +183,11 @@ std::uint32_t OverPixel(std::uint32_t below, std::uint32_t source, unsigned opac
 void Over(Area const& area, std::uint32_t const* source, std::ptrdiff_t sourceStride, std::uint8_t opacity) noexcept
 {
     ForEachRow(area,
-               [&](std::uint32_t* row)
+               [source, sourceStride, opacity](std::uint32_t* row, std::uint32_t* end) mutable
                {
-                   for (int x = 0; x < area.width; ++x)
-                   {
-                       row[x] = OverPixel(row[x], source[x], opacity);
-                   }
+                   std::transform(row, end, source, row,
+                                  [opacity](std::uint32_t below, std::uint32_t above)
+                                  { return OverPixel(below, above, opacity); });
                    source += sourceStride;
                });
 }
