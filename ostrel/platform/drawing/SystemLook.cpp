@@ -17,11 +17,6 @@ namespace
 constexpr std::size_t kColorCount = 27;
 using Palette = std::array<COLORREF, kColorCount>;
 
-constexpr COLORREF Gray(int level) noexcept
-{
-    return RGB(level, level, level);
-}
-
 constexpr Palette MakeLight() noexcept
 {
     Palette p{};
