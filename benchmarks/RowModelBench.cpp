@@ -1,9 +1,11 @@
 // What the row model alone costs, without a window, a header or an object registry.
+#include <array>
 #include <cstdint>
-#include <cstdio>
 #include <fstream>
 #include <memory>
-#include <numeric>
+#include <random>
+#include <span>
+#include <vector>
 
 #include <unistd.h>
 
@@ -95,18 +97,6 @@ struct Rows
     Quotes quotes;
     RowArea area;
     std::vector<CGridItem*> items;
-};
-
-class Stopwatch
-{
-public:
-    [[nodiscard]] double Seconds() const
-    {
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
-    }
-
-private:
-    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
 /// Runs the function on fresh preparations and reports it per iteration; `things` are what one iteration handles.
