@@ -13,12 +13,12 @@ namespace Ostrel::Testing
 /// What a TestObject holds, for `TestRow{.name = "red", .price = 3.5}`.
 struct TestRow
 {
-    std::string name;
+    std::string name{};
     double price = 0;
     long quantity = 0;
     bool active = false;
     __int64 volume = 0;
-    CString note;
+    CString note{};
 };
 
 /// Any thread may read and write it.
