@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/paint/ColumnPaintFormat.h>
@@ -51,14 +53,29 @@ void DrawTriangle(CDC& dc, CRect const& area, int centerY, bool pointsUp, int un
     }
 }
 
+constexpr int kRankBars = 4;
+constexpr int kRankBarWidth = 3;
+constexpr int kRankBarGap = 2;
+constexpr int kRankBarMargin = 2; ///< right of the last bar
+
+/// What the marks of a level take of the title's right end: the bars of the further levels are wider than the triangle.
+int SortMarkWidth(SortMark const& mark, int triangleWidth)
+{
+    if (mark.level < 0)
+    {
+        return 0;
+    }
+    int const bars = kRankBars * kRankBarWidth + (kRankBars - 1) * kRankBarGap + kRankBarMargin;
+    return mark.level > 0 ? std::max(triangleWidth, Platform::Scaled(1) * bars) : triangleWidth;
+}
+
 /// Four small bars that end right above the triangle, the first `rank` of them filled.
 void DrawRankBars(CDC& dc, int right, int bottom, int rank, int unit, COLORREF color)
 {
-    constexpr int kBars = 4;
-    int const width = 3 * unit;
-    int const step = width + 2 * unit;
-    int const left = right - (kBars - 1) * step - width;
-    for (int bar = 0; bar < kBars; ++bar)
+    int const width = kRankBarWidth * unit;
+    int const step = width + kRankBarGap * unit;
+    int const left = right - (kRankBars - 1) * step - width;
+    for (int bar = 0; bar < kRankBars; ++bar)
     {
         CRect const rect(left + bar * step, bottom - 4 * unit, left + bar * step + width, bottom);
         if (bar < rank)
@@ -157,7 +174,7 @@ void CColumnPaintFormat::DrawSort(CColumnPaintInfo& info, CPaintContext const& c
     DrawTriangle(dc, area, centerY, !mark.reverse, unit, color);
     if (mark.level > 0)
     {
-        DrawRankBars(dc, area.right - 2 * unit, centerY - 3 * unit, mark.level, unit, color);
+        DrawRankBars(dc, area.right - kRankBarMargin * unit, centerY - 3 * unit, mark.level, unit, color);
     }
 }
 
@@ -168,10 +185,7 @@ void CColumnPaintFormat::DrawText(CColumnPaintInfo& info, CPaintContext const& c
         return;
     }
     CRect rect = info.GetVirtualRect();
-    if (SortMarkOf(info.GetColumn(), context).level >= 0)
-    {
-        rect.right -= GetRequiredSortInfoWidth();
-    }
+    rect.right -= SortMarkWidth(SortMarkOf(info.GetColumn(), context), GetRequiredSortInfoWidth());
     if (HasImages(context, filter) && info.GetImageId() >= 0)
     {
         rect.left += rect.Height();

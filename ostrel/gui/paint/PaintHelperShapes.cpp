@@ -1,6 +1,8 @@
 // The shapes of a cell: frames, grid lines, the tree, drop marks and images. Frames and lines follow the cell's virtual
 // rectangle from top to bottom and its visible one from left to right, so that a cell cut by the fixed columns or by
 // the window draws the same pixels whatever part of it is painted.
+#include <optional>
+
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridItem.h>
 #include <ostrel/gui/grid/detail/RowArea.h>
@@ -30,6 +32,23 @@ struct CellFrame
     CRect rect;
     bool isFirst;
     bool isLast;
+};
+
+/// Keeps shapes that end at `right` inside a cell that ends before: the next cell may be translucent.
+class CellClip
+{
+public:
+    CellClip(CDC& dc, CGridCell const& cell, int right)
+    {
+        CRect const& visible = cell.GetPaintInfo().GetVisibleRect();
+        if (right > visible.right)
+        {
+            m_scope.emplace(dc, visible);
+        }
+    }
+
+private:
+    std::optional<Detail::ClipScope> m_scope;
 };
 
 bool IsFocused(CGridLine const& line, CPaintContext const& context)
@@ -180,7 +199,12 @@ void CPaintHelper::DrawCollapseExpandIcon(CGridCell const& cell, unsigned long c
         return;
     }
     CRect const button = ExpandButtonRect(cell);
+    if (button.IsRectEmpty())
+    {
+        return;
+    }
     CDC& dc = context.GetDC();
+    CellClip const clip(dc, cell, button.right);
     COLORREF const stroke = ContrastTo(cell.GetPaintInfo().GetBackColor());
     Detail::DrawFrame(dc, button, static_cast<COLORREF>(color));
     Detail::DrawSolidHorizontal(dc, button.left + 2, button.right - 2, button.CenterPoint().y, stroke);
@@ -194,17 +218,18 @@ void CPaintHelper::DrawHierarchicalLines(CGridCell const& cell, unsigned long co
 {
     CGridLine const& line = cell.GetGridLine();
     int const level = line.GetHierarchicalLevel();
-    if (level < 1)
+    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    if (level < 1 || rect.Height() < 4)
     {
         return;
     }
-    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
     CDC& dc = context.GetDC();
     auto const ink = static_cast<COLORREF>(color);
     int const height = rect.Height();
     int const half = height / 2;
     int const x = rect.left + (level - 1) * height + half;
     int const middle = rect.top + half - 1;
+    CellClip const clip(dc, cell, x + height + half);
     bool const hasButton = CanShowExpandOrCollapseIcon(line, context);
     Detail::DrawDottedVertical(dc, x, rect.top, IsLastLevelItem(line.GetItem()) ? middle : rect.bottom - 1, ink);
     Detail::DrawDottedHorizontal(dc, x, hasButton ? x + height - 3 : x + height + half - 1, middle, ink);
@@ -234,13 +259,15 @@ void CPaintHelper::DrawDropPosition(CGridCell const& cell, unsigned long color, 
     {
         return;
     }
+    // Half of the bar lies in the row above it and half in the row below; each row draws its own half.
     CRect const rect = CellFrame(cell).rect;
     int top = rect.top;
     if (drop.GetDropAfter())
     {
         top = isDropRow ? rect.bottom - 1 : rect.top - 1;
     }
-    context.GetDC().FillSolidRect(CRect(rect.left, top, rect.right, top + 2), static_cast<COLORREF>(color));
+    CRect const bar(rect.left, std::max<int>(top, rect.top), rect.right, std::min<int>(top + 2, rect.bottom));
+    context.GetDC().FillSolidRect(bar, static_cast<COLORREF>(color));
 }
 
 void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context)
@@ -258,9 +285,14 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
     CRect end(rect.right - 2 - side, rect.top, rect.right - 2, rect.bottom);
     start.DeflateRect(2, 2);
     end.DeflateRect(2, 2);
+    if (start.IsRectEmpty())
+    {
+        return;
+    }
     auto const fill = static_cast<COLORREF>(color);
     auto const outline = static_cast<COLORREF>(CMsImg32::AlphaBlend(color, cell.GetPaintInfo().GetBackColor(), 120));
     CDC& dc = context.GetDC();
+    CellClip const clip(dc, cell, start.right + 1);
     DrawFilledTriangle(dc, {{start.left, start.top}, {start.right, start.CenterPoint().y}, {start.left, start.bottom}},
                        fill, outline);
     DrawFilledTriangle(dc, {{end.right, end.top}, {end.left, end.CenterPoint().y}, {end.right, end.bottom}}, fill,
@@ -293,6 +325,7 @@ void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context
     CSize const size = CRect(info.rcImage).Size();
     CRect target = rect;
     target.DeflateRect(1, 1);
+    CellClip const clip(context.GetDC(), cell, rect.right);
     COLORREF const ground = transparent ? kKeyColor : static_cast<COLORREF>(backColor);
     if (!cell.GetStretchImage() || !DrawStretched(cell, context.GetDC(), target, size, ground))
     {

@@ -80,7 +80,7 @@ TEST(HeaderPixelsTest, SortMarksTellDirectionAndRank)
     EXPECT_EQ(RowWidths(pixels, first, Shadow()), (std::vector<int>{0, 0, 2, 4, 6, 8, 0, 0}));
     // The second level: lower, pointing down, with four bars above it of which one is filled.
     CRect const second(148, 10, 159, 18);
-    EXPECT_EQ(RowWidths(pixels, second, Shadow()), (std::vector<int>{5, 0, 8, 6, 4, 2, 0, 0}));
+    EXPECT_EQ(RowWidths(pixels, second, Shadow()), (std::vector<int>{6, 0, 8, 6, 4, 2, 0, 0}));
     EXPECT_EQ(PixelsRight(pixels, {139, 8}, 20, Shadow()), ".###..#.#..#.#..#.#.");
     EXPECT_EQ(PixelsRight(pixels, {139, 7}, 20, Shadow()), ".###..###..###..###.");
     // A column that is no level has none.

@@ -69,7 +69,7 @@ public:
 TEST(PaintPassTest, DrawsTopToBottomAndLeftToRight)
 {
     Recorder recorder;
-    Scene scene({300, 86});
+    Scene scene({300, 70});
     scene.grid.SetCustomDraw(&recorder);
     scene.AddRow(FixedRoot, "f", 1);
     scene.AddRow(ScrollableRoot, "s", 2);
