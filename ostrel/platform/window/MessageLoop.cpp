@@ -25,7 +25,8 @@ public:
         {
             return true;
         }
-        if (m_turn.IsOthers(Clock::Microseconds()))
+        m_nowUs = Clock::Microseconds();
+        if (m_turn.IsOthers(m_nowUs))
         {
             if (NextOther(message, filter, take))
             {
@@ -37,7 +38,7 @@ public:
         {
             return true;
         }
-        m_turn.PostedAreServed(Clock::Microseconds());
+        m_turn.PostedAreServed();
         return NextOther(message, filter, take);
     }
 
@@ -118,11 +119,12 @@ private:
 
     void Fill(MSG& message, HWND window, UINT number, WPARAM wParam, LPARAM lParam)
     {
-        message = {window, number, wParam, lParam, Clock::Ticks(), m_state.input.Pointer()};
+        message = {window, number, wParam, lParam, static_cast<DWORD>(m_nowUs / 1000), m_state.input.Pointer()};
     }
 
     ThreadState& m_state;
     Turn& m_turn;
+    std::int64_t m_nowUs = 0; ///< read once for each message: that is the hot path of live data
 };
 
 Turn& TurnOfThread()

@@ -170,7 +170,7 @@ void HeadlessDisplay::PutEvent(HeadlessWindow& window, Event report)
 
 void HeadlessDisplay::PutBounds(HeadlessWindow& window)
 {
-    PutEvent(window, [&window, bounds = window.Bounds()](DisplaySink& sink) { sink.OnBounds(window, bounds); });
+    PutEvent(window, [&window](DisplaySink& sink) { sink.OnBounds(window, window.Bounds()); });
 }
 
 // Only where the keyboard has ended up is told: windows that had it in between never knew.

@@ -108,9 +108,9 @@ void Input::OnExpose(NativeWindow& window, CRect const& area)
     }
 }
 
-void Input::OnBounds(NativeWindow& window, CRect const& screenBounds)
+void Input::OnBounds(NativeWindow& window, CRect const& /*screenBounds*/)
 {
-    m_events.push_back({TopLevelOfNative(window), BoundsEvent{screenBounds}});
+    m_events.push_back({TopLevelOfNative(window), BoundsEvent{}});
 }
 
 void Input::OnCloseRequest(NativeWindow& window)
@@ -131,6 +131,20 @@ void Input::OnMinimized(NativeWindow& window, bool minimized)
 void Input::OnCaptureLost(NativeWindow& window)
 {
     m_events.push_back({TopLevelOfNative(window), CaptureLostEvent{}});
+}
+
+void Input::DisplayChanged()
+{
+    m_events.clear();
+    m_ready.clear();
+    m_translated.clear();
+    m_keyText.clear();
+    m_keys.fill(0);
+    m_inputState = {};
+    m_stamp = {};
+    m_pointer = {};
+    m_lastPress = {};
+    m_over = {};
 }
 
 // ---- to the loop
@@ -179,9 +193,14 @@ void Input::Ready(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 
 // ---- events without a message of their own
 
-void Input::Handle(HWND topLevel, BoundsEvent const& event)
+// The bounds as they are by now: the program may have asked for others since the event was noted.
+void Input::Handle(HWND topLevel, BoundsEvent const& /*event*/)
 {
-    AdoptBounds(topLevel, event.bounds);
+    Window const* const window = m_state.Find(topLevel);
+    if (window != nullptr && window->native != nullptr)
+    {
+        AdoptBounds(topLevel, window->native->Bounds());
+    }
 }
 
 void Input::Handle(HWND topLevel, CloseEvent const& /*event*/)
@@ -443,7 +462,7 @@ void Input::UpdateTracking(Target const& target)
     HWND const over = target.hit == HTCLIENT ? target.window : nullptr;
     if (m_leaveWindow != nullptr && m_leaveWindow != over)
     {
-        PostMessage(std::exchange(m_leaveWindow, nullptr), WM_MOUSELEAVE);
+        Ready(std::exchange(m_leaveWindow, nullptr), WM_MOUSELEAVE, 0, 0);
     }
     if (m_hoverWindow == nullptr)
     {

@@ -42,6 +42,8 @@ public:
     /// A window is hidden, disabled or about to die: it gives up what it holds.
     void WindowGoesAway(HWND window);
     void Forget(HWND window);
+    /// Another display: what the one before saw is void.
+    void DisplayChanged();
 
     // ---- pointer
     [[nodiscard]] HWND WindowAt(CPoint screenPoint) const;
@@ -67,9 +69,7 @@ public:
 
 private:
     struct BoundsEvent
-    {
-        CRect bounds;
-    };
+    {};
     struct CloseEvent
     {};
     struct FocusEvent

@@ -153,6 +153,7 @@ Display& ThreadState::GetDisplay()
 void ThreadState::SetDisplay(std::unique_ptr<Display> display)
 {
     m_display = std::move(display);
+    input.DisplayChanged();
     if (m_display != nullptr)
     {
         SetScreenSize(m_display->ScreenSize());

@@ -13,9 +13,14 @@ class Turn
 public:
     static constexpr std::int64_t kLongestUs = 16'000;
 
-    /// True while the others are to be served before posted messages.
+    /// Asked before each message: true while the others are to be served before posted messages.
     [[nodiscard]] bool IsOthers(std::int64_t nowUs) noexcept
     {
+        if (!m_isBusy)
+        {
+            m_isBusy = true;
+            m_beginUs = nowUs;
+        }
         if (nowUs - m_beginUs >= kLongestUs)
         {
             m_isOthers = !m_isOthers;
@@ -29,12 +34,17 @@ public:
         m_isOthers = false;
         m_beginUs = nowUs;
     }
-    /// No posted message is left: the others come anyway, and the next flood begins anew.
-    void PostedAreServed(std::int64_t nowUs) noexcept { EndOthers(nowUs); }
+    /// No posted message is left: the others come anyway, and the time of the next flood begins with its first message.
+    void PostedAreServed() noexcept
+    {
+        m_isOthers = false;
+        m_isBusy = false;
+    }
 
     std::optional<int> quitCode; ///< WM_QUIT is due
 
 private:
+    bool m_isBusy = false;
     bool m_isOthers = false;
     std::int64_t m_beginUs = 0;
 };

@@ -12,5 +12,4 @@ struct CWndAccess
     static void PostNcDestroy(CWnd& object);
     static void Bind(CWnd& object, HWND window, WNDPROC superProc) noexcept;
     static CWnd* MakeTemporary(HWND window);
-    static WNDPROC SuperProc(CWnd const& object) noexcept;
 };

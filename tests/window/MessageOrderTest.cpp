@@ -1,0 +1,195 @@
+#include "WindowTest.h"
+
+namespace Ostrel::Platform
+{
+namespace
+{
+
+constexpr UINT kPosted = WM_APP + 1;
+
+using MessageOrderTest = WindowTest;
+
+TEST_F(MessageOrderTest, ServesPostedThenInputThenTimersThenPaint)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    std::string log;
+    MessageLog const noted(
+        window, "", {{kPosted, "posted"}, {WM_MOUSEMOVE, "input"}, {WM_TIMER, "timer"}, {WM_PAINT, "paint"}}, log);
+
+    window.Invalidate();
+    window.SetTimer(1, 20);
+    Clock::Advance(20);
+    Screen().MovePointer({50, 50});
+    window.PostMessage(kPosted);
+    window.PostMessage(kPosted);
+    ProcessPending();
+
+    EXPECT_EQ(log, "posted posted input timer paint");
+}
+
+TEST_F(MessageOrderTest, QuitWaitsForPostedMessagesOnly)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    window.Invalidate();
+    window.PostMessage(kPosted);
+    PostQuitMessage(7);
+
+    MSG message;
+    EXPECT_TRUE(GetMessage(&message));
+    EXPECT_EQ(message.message, kPosted);
+    EXPECT_FALSE(GetMessage(&message));
+    EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST_F(MessageOrderTest, FilterLeavesOtherMessagesInTheirOrder)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    for (UINT const number : {kPosted, kPosted + 1, kPosted + 2, kPosted + 1})
+    {
+        window.PostMessage(number);
+    }
+
+    MSG message;
+    std::vector<UINT> taken;
+    while (PeekMessage(&message, nullptr, kPosted + 1, kPosted + 1, PM_REMOVE))
+    {
+        taken.push_back(message.message);
+    }
+    EXPECT_TRUE(PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE));
+    while (PeekMessage(&message, window, kPosted, kPosted + 9, PM_REMOVE))
+    {
+        taken.push_back(message.message);
+    }
+    EXPECT_EQ(taken, (std::vector<UINT>{kPosted + 1, kPosted + 1, kPosted, kPosted + 2}));
+}
+
+// Each posted message costs a millisecond and posts its successor: without turns nothing else would ever be served.
+TEST_F(MessageOrderTest, InputTimersAndPaintGetTheirTurnUnderAFlood)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    std::int64_t const begin = Clock::Milliseconds();
+    std::vector<std::pair<UINT, std::int64_t>> served;
+    int left = 200;
+    window.hook = [&](UINT message, WPARAM, LPARAM, LRESULT&)
+    {
+        if (message == kPosted && --left > 0)
+        {
+            Clock::Advance(1);
+            window.PostMessage(kPosted);
+        }
+        if (message == WM_MOUSEMOVE || message == WM_TIMER || message == WM_PAINT)
+        {
+            served.emplace_back(message, Clock::Milliseconds() - begin);
+        }
+        return false;
+    };
+
+    window.PostMessage(kPosted);
+    window.SetTimer(1, 10);
+    Screen().MovePointer({50, 50});
+    window.Invalidate();
+    ProcessPending();
+
+    ASSERT_GE(served.size(), 3U);
+    std::int64_t last = 0;
+    for (auto const& [message, at] : served)
+    {
+        EXPECT_LE(at - last, 17) << "message " << message;
+        last = at;
+    }
+    auto const whenFirst = [&](UINT wanted)
+    {
+        return std::find_if(served.begin(), served.end(), [wanted](auto const& entry) { return entry.first == wanted; })
+            ->second;
+    };
+    EXPECT_LE(whenFirst(WM_MOUSEMOVE), 17);
+    EXPECT_LE(whenFirst(WM_PAINT), 17);
+    EXPECT_GE(last, 180) << "the timer must go on through the whole flood";
+    EXPECT_EQ(left, 0);
+}
+
+TEST_F(MessageOrderTest, TimersFireInDueOrderAndOnceForMissedTicks)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    std::string log;
+    std::int64_t const begin = Clock::Milliseconds();
+    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
+    {
+        if (message == WM_TIMER)
+        {
+            log += std::to_string(wParam) + "@" + std::to_string(Clock::Milliseconds() - begin) + " ";
+        }
+        return false;
+    };
+    window.SetTimer(1, 25);
+    window.SetTimer(2, 3); // below the least period
+    TurnClock(30);
+    EXPECT_EQ(log, "2@10 2@20 1@25 2@30 ");
+
+    log.clear();
+    Clock::Advance(100);
+    ProcessPending();
+    EXPECT_EQ(log, "2@130 1@130 ");
+
+    log.clear();
+    Clock::Advance(30);
+    window.KillTimer(1);
+    window.KillTimer(2);
+    ProcessPending();
+    EXPECT_EQ(log, "");
+}
+
+TEST_F(MessageOrderTest, TimerProcedureIsCalledInsteadOfTheWindow)
+{
+    static int calls;
+    calls = 0;
+    SetTimer(nullptr, 0, 10,
+             [](HWND window, UINT, UINT_PTR id, DWORD)
+             {
+                 ++calls;
+                 KillTimer(window, id);
+             });
+    TurnClock(100);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(MessageOrderTest, IdleHookRunsUntilItHasNothingToDo)
+{
+    int runs = 0;
+    auto const before = SetIdleHook([&runs] { return ++runs < 3; });
+    ProcessPending();
+    SetIdleHook(before);
+    EXPECT_EQ(runs, 3);
+}
+
+TEST_F(MessageOrderTest, ModalLoopEndsByItsConditionAndPassesQuitOn)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    int handled = 0;
+    window.hook = [&](UINT message, WPARAM, LPARAM, LRESULT&)
+    {
+        handled += message == kPosted;
+        return false;
+    };
+    window.PostMessage(kPosted);
+    window.PostMessage(kPosted);
+    EXPECT_TRUE(RunModalLoop([&] { return handled == 2; }));
+
+    PostQuitMessage(3);
+    EXPECT_FALSE(RunModalLoop([] { return false; }));
+    EXPECT_EQ(RunMessageLoop(), 3);
+}
+
+} // namespace
+} // namespace Ostrel::Platform
