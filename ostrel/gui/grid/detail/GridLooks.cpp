@@ -139,6 +139,8 @@ void GridLooks::Paint()
     }
     GridPaintState state;
     grid.GetClientRect(&state.clientRect);
+    state.fixedRowHeight = m_core.Fixed().RowHeight();
+    state.scrollableRowHeight = m_core.Scrollable().RowHeight();
     state.offScreenBuffer = m_buffers.OffScreenBuffer();
     state.backgroundImage = m_buffers.Background();
     state.backgroundImageRect = m_buffers.BackgroundRect();
