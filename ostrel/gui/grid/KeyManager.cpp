@@ -82,7 +82,7 @@ void ExtendSelection(CGrid& grid, Position from, Position to)
 
 void SelectRange(CGrid& grid, Position from, Position to)
 {
-    auto const [first, last] = std::minmax(ToSequence(grid, from), ToSequence(grid, to));
+    auto const [first, last] = std::minmax({ToSequence(grid, from), ToSequence(grid, to)});
     for (int place = first; place <= last; ++place)
     {
         SelectPosition(grid, FromSequence(grid, place), true);

@@ -289,7 +289,7 @@ void GridMouse::ExtendTo(Place place)
         selection.Select(place.row, place.type, true);
         return;
     }
-    auto const [rangeFirst, rangeLast] = std::minmax(SequenceOf(m_pressPlace), to);
+    auto const [rangeFirst, rangeLast] = std::minmax({SequenceOf(m_pressPlace), to});
     for (int sequence = std::min(from, to); sequence <= std::max(from, to); ++sequence)
     {
         Place const each = PlaceOf(sequence);

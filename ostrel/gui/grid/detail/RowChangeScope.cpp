@@ -47,7 +47,7 @@ void RowChangeScope::FinishFocus()
     }
     if (!m_core.IsCalm())
     {
-        if (changes.firstRow <= m_focusedRow)
+        if (RowArea::RowOf(*focused) != m_focusedRow)
         {
             selection.FocusItem(nullptr);
         }

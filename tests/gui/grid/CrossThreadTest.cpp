@@ -1,0 +1,257 @@
+// Other threads that call the grid, change its objects and destroy them.
+#include <atomic>
+#include <stdexcept>
+#include <thread>
+
+#include <ostrel/common/value/Value.h>
+#include <ostrel/gui/grid/IGridFilter.h>
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/header/Column.h>
+#include <ostrel/gui/paint/CustomDraw.h>
+#include <ostrel/platform/base/Clock.h>
+
+#include "GridFixture.h"
+
+namespace Ostrel::Testing
+{
+namespace
+{
+using namespace GUI;
+
+class CrossThreadTest : public GridTest
+{
+protected:
+    void OnWorker(std::function<void()> const& work)
+    {
+        Workers workers;
+        workers.Add("worker", work);
+        workers.Run();
+    }
+};
+
+TEST_F(CrossThreadTest, CallsGiveTheSameResultsOnAnyThread)
+{
+    grid.AddRows({"a", "b", "c"});
+    CGridItem* const b = Item("b");
+    OnWorker(
+        [&]()
+        {
+            EXPECT_EQ(Grid().GetRowCount(ScrollableContext), 3U);
+            EXPECT_EQ(Grid().GetRow(b), 1);
+            EXPECT_EQ(Grid().GetFormattedStlString(b, TestObject::Name), "b");
+            EXPECT_EQ(Grid().GetHandles(&grid.Object("b"), true, AllContexts), std::vector<CGridItem*>{b});
+            EXPECT_EQ(Grid().GetCellVisibleRect(b, kPrice).Width(), 80);
+            EXPECT_TRUE(Grid().Select(b, true));
+            SortByPrice(true);
+            EXPECT_EQ(Grid().GetSort(0), CSortInfo(kPrice, true));
+            Grid().NavigateDown(false, false);
+            Grid().UpdateItem(b, kPrice);
+            Grid().UpdateItem(reinterpret_cast<CGridItem*>(16), kPrice);
+        });
+    driver.RunUntilIdle();
+    EXPECT_GE(Grid().GetTimeElapsedSinceLastUpdate(b, kPrice), 0);
+}
+
+TEST_F(CrossThreadTest, ExceptionsComeBackToTheCaller)
+{
+    class ThrowingFilter : public IGridFilter
+    {
+    public:
+        bool AutoDelete() const override { return false; }
+        bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject*) override { throw std::runtime_error("no answer"); }
+    };
+    grid.AddRows({"a"});
+    ThrowingFilter filter;
+    OnWorker([&]() { EXPECT_THROW(Grid().SetFilter(&filter), std::runtime_error); });
+    Grid().SetFilter(nullptr);
+    EXPECT_EQ(grid.RowsText(), "rows=a");
+}
+
+TEST_F(CrossThreadTest, AWindowThatIsGoneGivesTheNeutralResult)
+{
+    grid.AddRows({"a"});
+    TestObject object({.name = "late"});
+    Grid().DestroyWindow();
+    OnWorker(
+        [&]()
+        {
+            EXPECT_EQ(Grid().Add(&object, ScrollableRoot, LastPosition), nullptr);
+            EXPECT_EQ(Grid().GetFocusedRow(), -1);
+            EXPECT_EQ(Grid().GetRowCount(ScrollableContext), 0U);
+            EXPECT_TRUE(Grid().GetHandles(&object, false, AllContexts).empty());
+            EXPECT_TRUE(Grid().GetContextVisibleRect(ScrollableContext).IsRectEmpty());
+            EXPECT_EQ(Grid().GetHeader(), nullptr);
+            Grid().UpdateRow(0, ScrollableContext, kPrice);
+        });
+}
+
+TEST_F(CrossThreadTest, CodesThatCarryNoCallAnswerZero)
+{
+    UINT const message = RegisterWindowMessage("Ostrel.Grid.SyncMessage");
+    for (WPARAM code = 0; code < 300; ++code)
+    {
+        EXPECT_EQ(Grid().SendMessage(message, code, 0), 0) << code;
+    }
+}
+
+TEST_F(CrossThreadTest, RowsAddedElsewhereAreLaidOutTogetherLater)
+{
+    std::vector<std::unique_ptr<TestObject>> objects;
+    OnWorker(
+        [&]()
+        {
+            for (int i = 0; i < 60; ++i)
+            {
+                objects.push_back(std::make_unique<TestObject>(TestRow{.name = "x"}));
+                Grid().Add(objects.back().get(), ScrollableRoot, LastPosition);
+            }
+        });
+    driver.Advance(20);
+    SCROLLINFO info;
+    ASSERT_TRUE(Grid().GetScrollInfo(SB_VERT, &info, SIF_ALL));
+    EXPECT_EQ(info.nMax, 59);
+    OnWorker([&]() { objects.clear(); });
+    EXPECT_EQ(Grid().GetRowCount(ScrollableContext), 0U);
+}
+
+TEST_F(CrossThreadTest, AnObjectsRowsAreGoneBeforeItsDestructorGoesOn)
+{
+    grid.AddRows({"a"});
+    auto object = std::make_unique<TestObject>(TestRow{.name = "short"});
+    Common::CDataObject const* const address = object.get();
+    CGridItem* const parent = Grid().Add(object.get(), ScrollableRoot, FirstPosition);
+    Grid().Add(&grid.Object("a"), parent, LastPosition);
+    Grid().Add(object.get(), FixedRoot, FirstPosition);
+    OnWorker(
+        [&]()
+        {
+            object->SetPrice(3); // still on its way when the object goes
+            object.reset();
+            EXPECT_FALSE(Grid().Exists(address));
+        });
+    EXPECT_EQ(grid.RowsText(), "rows=a") << "the row of another object below it has gone too";
+    grid.Object("a").SetPrice(1);
+    driver.RunUntilIdle();
+}
+
+TEST_F(CrossThreadTest, SnapshotsAreReadOnTheNotifyingThreadOnly)
+{
+    class Watched : public TestObject
+    {
+    public:
+        using TestObject::TestObject;
+        Common::CValue GetValue(long fid) override
+        {
+            readers |= std::this_thread::get_id() == home ? 1 : 2;
+            return TestObject::GetValue(fid);
+        }
+        std::string GetFormattedStlString(long fid, Common::CFormat const* format) override
+        {
+            readers |= std::this_thread::get_id() == home ? 1 : 2;
+            return TestObject::GetFormattedStlString(fid, format);
+        }
+        std::thread::id const home = std::this_thread::get_id();
+        std::atomic<int> readers{0};
+    };
+    struct Mode
+    {
+        Mode() { CPreferences::SetThreadingMode(CPreferences::SnapshotOnNotify); }
+        ~Mode() { CPreferences::SetThreadingMode(CPreferences::DirectRead); }
+    } const mode;
+    Grid().AllowNotifications(false); // the test's own window reads the names of rows
+    Watched object(TestRow{.name = "w", .price = 1});
+    SortByPrice();
+    CGridItem* item = nullptr;
+    OnWorker(
+        [&]()
+        {
+            item = Grid().Add(&object, ScrollableRoot, LastPosition);
+            object.SetQuantity(42);
+            object.NotifyUpdate(-1);
+        });
+    driver.RunUntilIdle();
+    EXPECT_EQ(Grid().GetFormattedStlString(item, kQuantity), "42");
+    EXPECT_EQ(object.readers, 2) << "never on the grid's thread";
+    Grid().Delete(&object);
+}
+
+/// Writes down the longest time between two paints.
+class PaintWatch : public CCustomDraw
+{
+public:
+    PaintWatch() : CCustomDraw(false) {}
+
+    void DrawHeader(CHeaderPaintInfo& info, CPaintContext const& context, unsigned int filter) override
+    {
+        Note();
+        CCustomDraw::DrawHeader(info, context, filter);
+    }
+    void DrawLine(CGridLine& line, CPaintContext const& context, unsigned int filter) override
+    {
+        Note();
+        CCustomDraw::DrawLine(line, context, filter);
+    }
+    void Note()
+    {
+        std::int64_t const nowMs = Platform::Clock::Milliseconds();
+        longestMs = std::max(longestMs, nowMs - std::exchange(m_lastMs, nowMs));
+    }
+
+    std::int64_t longestMs = 0;
+
+private:
+    std::int64_t m_lastMs = Platform::Clock::Milliseconds();
+};
+
+TEST_F(CrossThreadTest, AFloodIsDeliveredWholeAndInOrderAndPaintedMeanwhile)
+{
+    constexpr int kThreads = 4;
+    constexpr int kUpdates = 5000;
+    constexpr int kObjects = 40;
+    grid.AddMany(kObjects);
+    std::vector<TestObject*> objects;
+    for (int i = 0; i < kObjects; ++i)
+    {
+        objects.push_back(&grid.Object("row" + std::to_string(i)));
+    }
+    SortByPrice();
+    PaintWatch paints;
+    Grid().SetCustomDraw(&paints);
+    driver.RunUntilIdle();
+    int delivered = 0;
+    // Every delivered update takes a millisecond of the clock that stands otherwise.
+    grid.Notifications().onNotification = [&](std::string const& line)
+    {
+        if (line.starts_with("ItemUpdated"))
+        {
+            ++delivered;
+            Platform::Clock::Advance(1);
+        }
+        grid.Notifications().Clear();
+    };
+    Workers workers(std::chrono::seconds(100));
+    workers.AddMany(kThreads, "feeds",
+                    [&](int number)
+                    {
+                        unsigned random = 17U + static_cast<unsigned>(number);
+                        for (int i = 0; i < kUpdates; ++i)
+                        {
+                            random = random * 1664525U + 1013904223U;
+                            objects[(random >> 8U) % kObjects]->SetPrice((random >> 4U) % 1000);
+                        }
+                    });
+    workers.Run();
+    driver.RunUntilIdle();
+    EXPECT_EQ(delivered, kThreads * kUpdates);
+    EXPECT_LE(paints.longestMs, 50);
+    double last = -1;
+    for (int row = 0; row < kObjects; ++row)
+    {
+        double const price = Grid().GetDataObject(row, ScrollableContext)->GetDouble(kPrice);
+        EXPECT_LE(last, price) << "row " << row;
+        last = price;
+    }
+    Grid().SetCustomDraw(nullptr);
+}
+} // namespace
+} // namespace Ostrel::Testing

@@ -1,0 +1,168 @@
+#include <ostrel/common/value/Value.h>
+
+#include "GridFixture.h"
+
+namespace Ostrel::Testing
+{
+namespace
+{
+using namespace GUI;
+
+class RowOperationsTest : public GridTest
+{
+protected:
+    void SetUp() override { grid.AddRows({"a", "b", "c", "d"}); }
+
+    std::string Rows() { return grid.RowsText(); }
+};
+
+TEST_F(RowOperationsTest, PlacesAmongSiblings)
+{
+    TestObject first({.name = "first"});
+    TestObject afterB({.name = "afterB"});
+    TestObject last({.name = "last"});
+    TestObject stray({.name = "stray"});
+    Grid().Add(&first, ScrollableRoot, FirstPosition);
+    Grid().Add(&afterB, ScrollableRoot, Item("b"));
+    Grid().Add(&last, ScrollableRoot, LastPosition);
+    Grid().Add(&stray, ScrollableRoot, reinterpret_cast<CGridItem*>(0x1230));
+    EXPECT_EQ(Rows(), "rows=first,a,b,afterB,c,d,last,stray");
+    Grid().Delete(&stray);
+    SortByPrice();
+    EXPECT_EQ(Grid().Delete(&last), 1);
+    Grid().Add(&last, ScrollableRoot, FirstPosition);
+    EXPECT_EQ(Rows(), "rows=first,a,b,afterB,c,d,last") << "sorted: behind its equals, whatever was asked";
+    EXPECT_EQ(Grid().Add(nullptr, ScrollableRoot, LastPosition), nullptr);
+    EXPECT_EQ(Grid().Add(&stray, nullptr, LastPosition), nullptr);
+    EXPECT_EQ(Grid().Add(&stray, LastPosition, LastPosition), nullptr);
+}
+
+TEST_F(RowOperationsTest, Moves)
+{
+    CGridItem* const a = Item("a");
+    CGridItem* const b = Item("b");
+    CGridItem* const c = Item("c");
+    CGridItem* const d = Item("d");
+    EXPECT_TRUE(Grid().MoveBefore(d, nullptr, b));
+    EXPECT_EQ(Rows(), "rows=a,d,b,c");
+    EXPECT_TRUE(Grid().MoveAfter(a, ScrollableRoot, c));
+    EXPECT_EQ(Rows(), "rows=d,b,c,a");
+    EXPECT_TRUE(Grid().MoveBefore(b, nullptr, c)) << "its own next sibling";
+    EXPECT_EQ(Rows(), "rows=d,b,c,a");
+    EXPECT_TRUE(Grid().MoveAfter(d, nullptr, LastPosition));
+    EXPECT_TRUE(Grid().MoveBefore(a, nullptr, FirstPosition));
+    EXPECT_EQ(Rows(), "rows=a,b,c,d");
+    EXPECT_TRUE(Grid().MoveAfter(b, a, FirstPosition));
+    EXPECT_EQ(Rows(), "rows=a+,c,d") << "below a collapsed row";
+    EXPECT_FALSE(Grid().MoveAfter(a, b, FirstPosition)) << "below its own child";
+    EXPECT_FALSE(Grid().MoveBefore(c, nullptr, c));
+    EXPECT_FALSE(Grid().MoveAfter(c, ScrollableRoot, b)) << "not a child of the parent";
+    EXPECT_TRUE(Grid().MoveAfter(a, FixedRoot, LastPosition));
+    EXPECT_EQ(Rows(), "fixed=a+ rows=c,d");
+    EXPECT_EQ(Grid().GetParent(a), FixedRoot);
+    EXPECT_EQ(Grid().GetParent(b), a);
+    EXPECT_EQ(Grid().GetHierarchicalLevel(b), 1);
+}
+
+TEST_F(RowOperationsTest, SeveralRowsOfOneObject)
+{
+    TestObject& a = grid.Object("a");
+    CGridItem* const first = Item("a");
+    CGridItem* const second = Grid().Add(&a, ScrollableRoot, FirstPosition);
+    CGridItem* const fixed = Grid().Add(&a, FixedRoot, LastPosition);
+    EXPECT_EQ(Grid().GetHandles(&a, false, AllContexts), (std::vector<CGridItem*>{first, second, fixed}));
+    EXPECT_EQ(Grid().GetHandles(&a, false, ScrollableContext), (std::vector<CGridItem*>{first, second}));
+    EXPECT_EQ(Grid().GetItem(&a), fixed) << "the fixed area comes first";
+    EXPECT_EQ(Grid().Delete(&a), 3);
+    EXPECT_EQ(Rows(), "rows=b,c,d");
+    EXPECT_FALSE(Grid().Exists(&a));
+}
+
+TEST_F(RowOperationsTest, HandlesThatAreNoRowsGiveTheNeutralResult)
+{
+    CGridItem* const stale = Item("a");
+    Grid().Delete(stale);
+    GridWindow other(driver, {.title = "Other"});
+    other.AddRows({"x"});
+    CGridItem* const handles[] = {nullptr,        stale,          reinterpret_cast<CGridItem*>(8),
+                                  FirstPosition,  LastPosition,   FixedRoot,
+                                  ScrollableRoot, other.Item("x")};
+    for (CGridItem* const handle : handles)
+    {
+        EXPECT_FALSE(Grid().Exists(handle));
+        EXPECT_FALSE(Grid().Delete(handle));
+        EXPECT_FALSE(Grid().Detach(handle));
+        EXPECT_FALSE(Grid().Attach(handle, ScrollableRoot, LastPosition));
+        EXPECT_FALSE(Grid().MoveAfter(handle, ScrollableRoot, LastPosition));
+        EXPECT_FALSE(Grid().Select(handle, true));
+        EXPECT_EQ(Grid().GetRow(handle), -1);
+        EXPECT_EQ(Grid().GetHierarchicalLevel(handle), -1);
+        EXPECT_EQ(Grid().GetContextType(handle), NoContext);
+        EXPECT_EQ(Grid().GetParent(handle), nullptr);
+        EXPECT_EQ(Grid().GetNextItem(handle, true), nullptr);
+        EXPECT_EQ(Grid().GetDataObject(handle), nullptr);
+        EXPECT_EQ(Grid().GetValue(handle, kPrice).GetType(), Common::TypeEmpty);
+        EXPECT_EQ(Grid().GetTimeElapsedSinceLastUpdate(handle, kPrice), -1);
+        EXPECT_TRUE(Grid().GetLineVisibleRect(handle).IsRectEmpty());
+        Grid().EnsureVisible(handle);
+        Grid().UpdateItem(handle, kPrice);
+        Grid().InvalidateCell(handle, kPrice, 0);
+    }
+    EXPECT_EQ(Rows(), "rows=b,c,d");
+    for (int const row : {-1, 3, 1000000})
+    {
+        EXPECT_EQ(Grid().GetItem(row, ScrollableContext), nullptr);
+        EXPECT_FALSE(Grid().Delete(row, AllContexts));
+        EXPECT_FALSE(Grid().SetFocusedRow(row, ScrollableContext));
+    }
+}
+
+TEST_F(RowOperationsTest, DetachedRowsOutliveTheirGridButNotTheirObject)
+{
+    auto object = std::make_unique<TestObject>(TestRow{.name = "parent"});
+    auto child = std::make_unique<TestObject>(TestRow{.name = "child"});
+    CGridItem* const parent = Grid().Add(object.get(), ScrollableRoot, LastPosition);
+    Grid().Add(child.get(), parent, LastPosition);
+    Grid().Detach(parent);
+    child.reset();
+    GridWindow other(driver, {.title = "Other"});
+    ASSERT_TRUE(other.Grid().Attach(parent, ScrollableRoot, LastPosition));
+    EXPECT_FALSE(other.Grid().HasChildren(parent)) << "the child went with its object";
+    other.Grid().Detach(parent);
+    object.reset();
+    EXPECT_FALSE(other.Grid().Attach(parent, ScrollableRoot, LastPosition));
+}
+
+TEST_F(RowOperationsTest, Walks)
+{
+    struct Collector : CGrid::IForEach
+    {
+        bool Visit(CGrid*, CGridItem*, Common::CDataObject* object) override
+        {
+            names += object->GetStlString(TestObject::Name) + " ";
+            return --rest != 0;
+        }
+        std::string names;
+        int rest = -1;
+    };
+    auto const walk = [&](CGridItem* start, bool visibleOnly, int rest = -1)
+    {
+        Collector collector;
+        collector.rest = rest;
+        visibleOnly ? Grid().ForEachVisible(collector, start) : Grid().ForEach(collector, start);
+        return collector.names;
+    };
+    grid.AddChild("b", {.name = "b1"});
+    EXPECT_EQ(walk(FixedRoot, false), "") << "nothing fixed";
+    EXPECT_EQ(walk(nullptr, false), "a b b1 c d ");
+    grid.AddFixed({.name = "top"});
+    EXPECT_EQ(walk(nullptr, false), "top a b b1 c d ");
+    EXPECT_EQ(walk(nullptr, true), "top a b c d ");
+    EXPECT_EQ(walk(Item("b"), false), "b b1 c d ");
+    EXPECT_EQ(walk(ScrollableRoot, true, 2), "a b ");
+    EXPECT_EQ(Grid().GetNextItem(Item("top"), true), Item("a"));
+    EXPECT_EQ(Grid().GetNextItem(Item("top"), false), nullptr);
+    EXPECT_EQ(Grid().GetPreviousItem(Item("a"), true), Item("top"));
+}
+} // namespace
+} // namespace Ostrel::Testing

@@ -1,0 +1,150 @@
+#include <algorithm>
+
+#include "GridFixture.h"
+
+namespace Ostrel::Testing
+{
+namespace
+{
+using namespace GUI;
+
+class ScrollingTest : public GridTest
+{
+protected:
+    void SetUp() override
+    {
+        grid.AddMany(100);
+        driver.RunUntilIdle();
+        page = Grid().GetLinesPerPage(true);
+        ASSERT_GT(page, 5);
+        ASSERT_LT(page, 40);
+    }
+
+    int First() { return Grid().GetFirstVisibleRow(); }
+    void Scroll(int command) { Grid().SendMessage(WM_VSCROLL, static_cast<WPARAM>(command)); }
+
+    int page = 0;
+};
+
+TEST_F(ScrollingTest, LinesPagesAndEnds)
+{
+    Scroll(SB_LINEUP);
+    EXPECT_EQ(First(), 0);
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(First(), 1);
+    Scroll(SB_PAGEDOWN);
+    EXPECT_EQ(First(), page) << "the last row of the page is the first of the next one";
+    Scroll(SB_PAGEUP);
+    EXPECT_EQ(First(), 1);
+    Scroll(SB_BOTTOM);
+    EXPECT_EQ(First(), 100 - page);
+    Scroll(SB_LINEDOWN);
+    EXPECT_EQ(First(), 100 - page) << "the last page stays full";
+    Scroll(SB_TOP);
+    EXPECT_EQ(First(), 0);
+    grid.Wheel(-1);
+    EXPECT_EQ(First(), 3);
+    grid.Wheel(2);
+    EXPECT_EQ(First(), 0);
+}
+
+TEST_F(ScrollingTest, TheBarFollowsTheRows)
+{
+    SCROLLINFO info;
+    ASSERT_TRUE(Grid().GetScrollInfo(SB_VERT, &info, SIF_ALL));
+    EXPECT_EQ(info.nMax, 99);
+    EXPECT_EQ(static_cast<int>(info.nPage), page);
+    Scroll(SB_BOTTOM);
+    for (int row = 99; row >= 90; --row)
+    {
+        Grid().Delete(row, ScrollableContext);
+    }
+    EXPECT_EQ(First(), 90 - page);
+    driver.RunUntilIdle();
+    ASSERT_TRUE(Grid().GetScrollInfo(SB_VERT, &info, SIF_ALL));
+    EXPECT_EQ(info.nMax, 89);
+    EXPECT_EQ(info.nPos, 90 - page);
+    Grid().DeleteAll(ScrollableContext);
+    EXPECT_EQ(First(), -1);
+}
+
+TEST_F(ScrollingTest, ScrollsIntoViewJustEnoughAndMergesUntilThePaint)
+{
+    Grid().EnsureVisible(page - 1);
+    EXPECT_EQ(First(), 0) << "it is fully shown";
+    Grid().EnsureVisible(50);
+    EXPECT_EQ(First(), 50 - page + 1) << "the first one at once";
+    Grid().EnsureVisible(2);
+    Grid().EnsureVisible(Item("row90"));
+    EXPECT_EQ(First(), 50 - page + 1) << "not painted yet";
+    Grid().Delete(0, ScrollableContext);
+    driver.Advance(20);
+    EXPECT_EQ(First(), 89 - page + 1) << "the last one wins, and goes by its row";
+    Grid().EnsureVisible(10);
+    EXPECT_EQ(First(), 10) << "painted meanwhile";
+}
+
+TEST_F(ScrollingTest, ARecordedRowThatGoesIsForgotten)
+{
+    Grid().EnsureVisible(50);
+    int const first = First();
+    Grid().EnsureVisible(Item("row90"));
+    grid.Destroy("row90");
+    driver.Advance(20);
+    EXPECT_EQ(First(), first);
+}
+
+TEST_F(ScrollingTest, PageKeysGoByPages)
+{
+    grid.ClickRow("row2");
+    grid.PressKey(VK_NEXT);
+    EXPECT_EQ(Grid().GetFocusedRow(), page - 1) << "first to the bottom of the page";
+    driver.Advance(20);
+    grid.PressKey(VK_NEXT);
+    driver.Advance(20);
+    EXPECT_EQ(Grid().GetFocusedRow(), 2 * (page - 1));
+    EXPECT_EQ(First(), page - 1);
+    grid.PressKey(VK_PRIOR);
+    EXPECT_EQ(Grid().GetFocusedRow(), page - 1) << "to the top of the page";
+    driver.Advance(20);
+    grid.PressKey(VK_PRIOR);
+    driver.Advance(20);
+    EXPECT_EQ(Grid().GetFocusedRow(), 0);
+    EXPECT_EQ(First(), 0);
+}
+
+TEST_F(ScrollingTest, TheAreasMeetBelowHeaderAndSeparator)
+{
+    int const headerHeight = grid.Header().GetHeaderHeight();
+    EXPECT_EQ(Grid().GetContextVisibleRect(ScrollableContext).top, headerHeight);
+    grid.AddFixed({.name = "x"});
+    int const rowHeight = Grid().GetItemHeight(Item("x"));
+    EXPECT_EQ(Grid().GetContextVisibleRect(FixedContext).bottom, headerHeight + rowHeight);
+    EXPECT_EQ(Grid().GetContextVisibleRect(ScrollableContext).top, headerHeight + rowHeight + 2);
+    Grid().HideHeader();
+    EXPECT_EQ(Grid().GetContextVisibleRect(FixedContext).top, 0);
+    CRect const cell = Grid().GetCellVisibleRect(Item("row1"), kPrice);
+    EXPECT_EQ(cell.left, 100);
+    EXPECT_EQ(cell.right, 180);
+    EXPECT_EQ(Grid().GetItem(cell.CenterPoint()), Item("row1"));
+    EXPECT_TRUE(Grid().GetLineVisibleRect(Item("row99")).IsRectEmpty());
+}
+
+TEST_F(ScrollingTest, ScrollingPaintsWhatAFullRepaintPaints)
+{
+    Grid().SetFirstVisibleRow(10);
+    driver.RunUntilIdle();
+    Grid().SetFirstVisibleRow(13);
+    grid.Object("row12").SetPrice(7);
+    Grid().SetFirstVisibleRow(11);
+    Platform::Surface const scrolled = driver.Picture(Grid());
+    Grid().Invalidate();
+    Platform::Surface const repainted = driver.Picture(Grid());
+    for (int y = 0; y < repainted.Height(); ++y)
+    {
+        ASSERT_TRUE(std::equal(repainted.Row(y), repainted.Row(y) + repainted.Width(), scrolled.Row(y)))
+            << "line " << y;
+    }
+}
+} // namespace
+} // namespace Ostrel::Testing
