@@ -95,12 +95,17 @@ private:
             return false;
         }
         std::int64_t const now = Clock::Milliseconds();
-        while (auto const due = m_state.timers.Next(now, filter.window, take || filter.WantsAll()))
+        while (auto const due = m_state.timers.Next(now, filter.window, take))
         {
             if (due->key.kind == TimerList::Kind::Message)
             {
                 Fill(message, due->key.window, WM_TIMER, due->key.id, reinterpret_cast<LPARAM>(due->procedure));
                 return true;
+            }
+            if (!take)
+            {
+                // A look takes no message, but the platform's own timers are none.
+                m_state.timers.Next(now, filter.window, true);
             }
             due->function();
         }
