@@ -61,10 +61,10 @@ struct DriverOptions
     CSize screen{1920, 1080};
     Time time = Time::Manual;
     /// The default font of the grids while the driver lives.
-    std::optional<LOGFONT> font;
+    std::optional<LOGFONT> font{};
     /// A font configuration file that replaces the machine's, so that texts look alike everywhere. The first text that
     /// a process draws or measures decides: give the same in all tests of a program.
-    std::string fontConfiguration;
+    std::string fontConfiguration{};
     /// Real time after which a wait that cannot end is a failure, in milliseconds.
     int stuckLimitMs = 20000;
 };

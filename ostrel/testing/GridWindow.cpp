@@ -116,7 +116,7 @@ void GridWindow::AddRows(std::initializer_list<std::string_view> names)
 {
     for (std::string_view const name : names)
     {
-        Add({.name = std::string(name), .note = {}});
+        Add({.name = std::string(name)});
     }
 }
 
@@ -124,7 +124,7 @@ void GridWindow::AddMany(int count, std::string_view name)
 {
     for (int number = 0; number < count; ++number)
     {
-        Add({.name = std::string(name) + std::to_string(number), .quantity = number, .note = {}});
+        Add({.name = std::string(name) + std::to_string(number), .quantity = number});
     }
 }
 
