@@ -229,7 +229,9 @@ TEST(CellPixelsTest, HighlightFadesAndProgressCellsShowNone)
     EXPECT_EQ(pixels.ColorAt(130, y), CMsImg32::AlphaBlend(kWhite, 0x0000FFUL, 112));
     EXPECT_EQ(pixels.ColorAt(50, y), kWhite) << "another field";
     EXPECT_EQ(pixels.ColorAt(200, y), kWhite) << "a progress cell";
-    EXPECT_EQ(pixels.ColorAt(280, y), CMsImg32::AlphaBlend(kWhite, 0x0000FFUL, 112)) << "right of the last column";
+    EXPECT_EQ(pixels.ColorAt(280, y), kWhite) << "right of the last column";
+    scene.grid.UpdateItem(item, -1);
+    EXPECT_EQ(scene.Paint().ColorAt(280, y), CMsImg32::AlphaBlend(kWhite, 0x0000FFUL, 150)) << "the whole row";
     Ostrel::Platform::Clock::Advance(1500);
     EXPECT_EQ(scene.Paint().ColorAt(130, y), kWhite);
     Ostrel::Platform::Clock::SetRunning();

@@ -10,6 +10,7 @@
 #include <ostrel/gui/paint/PaintHelper.h>
 #include <ostrel/platform/base/Clock.h>
 #include <ostrel/platform/drawing/SystemLook.h>
+#include <ostrel/platform/window/MessageLoop.h>
 
 #include "PaintScene.h"
 
@@ -133,11 +134,59 @@ TEST(PaintPassTest, WithoutHeaderOnlyTheWindowColourShows)
     scene.grid.SetHeader(header);
 }
 
+TEST(PaintPassTest, WindowShowsWhatThePassPaints)
+{
+    Scene scene({240, 120});
+    CGridItem* const item = scene.AddRow(FixedRoot, "fixed", 1);
+    scene.AddRow(ScrollableRoot, "scrollable", 2);
+    scene.grid.Select(0, ScrollableContext, true);
+    scene.state.fixedRowHeight = scene.grid.GetItemHeight(item);
+    scene.state.scrollableRowHeight = scene.state.fixedRowHeight;
+    Surface const expected = scene.Paint();
+    Surface const shown = scene.Show();
+    int different = 0;
+    for (int y = 0; y < expected.Height(); ++y)
+    {
+        for (int x = 0; x < expected.Width(); ++x)
+        {
+            different += shown.ColorAt(x, y) != expected.ColorAt(x, y) ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(different, 0);
+}
+
+TEST(PaintPassTest, FadingCellsAreRepaintedStepByStep)
+{
+    Ostrel::Platform::Clock::SetManual(1000);
+    Recorder recorder;
+    Scene scene({300, 100});
+    scene.grid.SetCustomDraw(&recorder);
+    CGridItem* const item = scene.AddRow(ScrollableRoot, "a", 1);
+    scene.AddRow(ScrollableRoot, "b", 2);
+    scene.grid.AllowHighlight(true);
+    static_cast<void>(scene.Show());
+    scene.grid.UpdateItem(item, kCountFid);
+    Ostrel::Platform::ProcessPending();
+    static_cast<void>(recorder.Take());
+    Ostrel::Platform::TurnClock(29);
+    EXPECT_EQ(recorder.Take(), "");
+    Ostrel::Platform::TurnClock(1);
+    EXPECT_EQ(recorder.Take(), "row 0: Count; ");
+    Ostrel::Platform::TurnClock(30);
+    EXPECT_EQ(recorder.Take(), "row 0: Count; ");
+    Ostrel::Platform::TurnClock(2000);
+    static_cast<void>(recorder.Take());
+    Ostrel::Platform::TurnClock(2000);
+    EXPECT_EQ(recorder.Take(), "");
+    Ostrel::Platform::Clock::SetRunning();
+}
+
 TEST(PaintPassTest, HighlightOverlayNeedsFilterAndPermission)
 {
     Ostrel::Platform::Clock::SetManual(1000);
     Scene scene({300, 60});
     CGridItem* const item = scene.AddRow();
+    scene.grid.UpdateItem(item, -1);
     scene.grid.UpdateItem(item, kCountFid);
     scene.grid.AllowHighlight(true);
     CDC dc;
@@ -147,11 +196,9 @@ TEST(PaintPassTest, HighlightOverlayNeedsFilterAndPermission)
     CGridLine const line(info, ScrollableContext, 0, item, false, false);
     CGridCell const cell(info, line, &scene.Column(kCountFid), nullptr, -1, false, nullptr);
     CGridCell const filler(info, line, nullptr, nullptr, -1, false, nullptr);
-    CGridCell const other(info, line, &scene.Column(kNameFid), nullptr, -1, false, nullptr);
 
     EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(cell, context, PaintAll), CColorBlend(0x0000FF, 150));
     EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(filler, context, PaintAll), CColorBlend(0x0000FF, 150));
-    EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(other, context, PaintAll), CColorBlend());
     EXPECT_EQ(CPaintHelper::GetHighlightBackColorBlend(cell, context, PaintAll & ~PaintHighlight), CColorBlend());
     EXPECT_EQ(CPaintHelper::GetNextPaintDelay(cell, context, PaintAll), 30);
     EXPECT_EQ(CPaintHelper::GetNextPaintDelay(filler, context, PaintAll), 0);

@@ -75,6 +75,18 @@ Platform::Surface Scene::Paint(std::vector<CRect> const& areas)
     return surface;
 }
 
+Platform::Surface Scene::Show()
+{
+    m_frame.ShowWindow(SW_SHOW);
+    Platform::ProcessPending();
+    CRect window;
+    grid.GetWindowRect(&window);
+    Platform::Surface const screen = Platform::HeadlessDisplay::OfThread().Screenshot();
+    Platform::Surface shown(window.Width(), window.Height());
+    shown.CopyFrom(screen, window, CPoint(0, 0));
+    return shown;
+}
+
 std::string PixelsRight(Platform::Surface const& surface, CPoint from, int count, COLORREF ink)
 {
     std::string pixels;

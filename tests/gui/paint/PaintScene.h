@@ -60,6 +60,9 @@ public:
     [[nodiscard]] Ostrel::Platform::Surface Paint();
     [[nodiscard]] Ostrel::Platform::Surface Paint(std::vector<CRect> const& areas);
 
+    /// Shows the window; what the display then shows of the grid.
+    [[nodiscard]] Ostrel::Platform::Surface Show();
+
     /// Top of a scrollable row when nothing is fixed and nothing is scrolled.
     [[nodiscard]] static int RowTop(int row) { return kHeaderHeight + row * kRowHeight; }
 
