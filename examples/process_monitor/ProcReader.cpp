@@ -1,3 +1,5 @@
+#include "ProcReader.h"
+
 #include <algorithm>
 #include <charconv>
 #include <fstream>
@@ -5,8 +7,6 @@
 
 #include <pwd.h>
 #include <unistd.h>
-
-#include "ProcReader.h"
 
 namespace ProcessMonitor
 {
@@ -130,7 +130,8 @@ std::optional<StatLine> ParseStatLine(std::string_view line)
 }
 
 ProcReader::ProcReader(std::filesystem::path root)
-    : m_root(std::move(root)), m_ticksPerSecond(static_cast<double>(sysconf(_SC_CLK_TCK))),
+    : m_root(std::move(root)),
+      m_ticksPerSecond(static_cast<double>(sysconf(_SC_CLK_TCK))),
       m_pageKiB(sysconf(_SC_PAGESIZE) / 1024)
 {
     if (auto const text = ReadFile(m_root / "stat"))

@@ -1,5 +1,5 @@
-// Reads the processes of this machine from /proc: plain values, no grid, no thread. A process that ends while it is read
-// is simply not in the result.
+// Reads the processes of this machine from /proc: plain values, no grid, no thread. A process that ends while it is
+// read is simply not in the result.
 #pragma once
 
 #include <chrono>

@@ -2,11 +2,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include <examples/process_monitor/ProcReader.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
-
-#include <examples/process_monitor/ProcReader.h>
 
 using namespace ProcessMonitor;
 
