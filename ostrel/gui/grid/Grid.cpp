@@ -137,6 +137,10 @@ LRESULT CGrid::AfterDefault(UINT message, WPARAM wParam, LPARAM lParam)
     {
         m_core->Scroller().OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
     }
+    if (message == WM_MOUSEHWHEEL)
+    {
+        m_core->Scroller().OnHorizontalScroll(GET_WHEEL_DELTA_WPARAM(wParam) < 0 ? SB_LINELEFT : SB_LINERIGHT);
+    }
     LRESULT const result = CWnd::WindowProc(message, wParam, lParam);
     switch (message)
     {
@@ -147,10 +151,10 @@ LRESULT CGrid::AfterDefault(UINT message, WPARAM wParam, LPARAM lParam)
         m_core->OnSize({LOWORD(static_cast<DWORD_PTR>(lParam)), HIWORD(static_cast<DWORD_PTR>(lParam))});
         break;
     case WM_VSCROLL:
-        m_core->Scroller().OnVerticalScroll(LOWORD(wParam));
+        m_core->Scroller().OnVerticalScroll(LOWORD(wParam), HIWORD(wParam));
         break;
     case WM_HSCROLL:
-        m_core->Scroller().OnHorizontalScroll(LOWORD(wParam));
+        m_core->Scroller().OnHorizontalScroll(LOWORD(wParam), HIWORD(wParam));
         break;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:

@@ -52,6 +52,19 @@ TEST_F(CrossThreadTest, CallsGiveTheSameResultsOnAnyThread)
     EXPECT_GE(Grid().GetTimeElapsedSinceLastUpdate(b, kPrice), 0);
 }
 
+TEST_F(CrossThreadTest, AWindowThatWasThereBeforeItsObjectTakesCallsToo)
+{
+    TestObject object({.name = "a"});
+    CGrid late;
+    HWND const window =
+        CreateWindowEx(0, "Ostrel.Grid", "", WS_CHILD | WS_VISIBLE, 0, 0, 200, 90, grid.Frame().GetSafeHwnd(), 77);
+    ASSERT_TRUE(late.SubclassWindow(window));
+    driver.RunUntilIdle();
+    OnWorker([&]() { EXPECT_NE(late.Add(&object, ScrollableRoot, LastPosition), nullptr); });
+    EXPECT_EQ(late.GetContextVisibleRect(ScrollableContext), CRect(0, 0, 200, 90));
+    EXPECT_EQ(late.GetLastVisibleRow(ScrollableContext), 0);
+}
+
 TEST_F(CrossThreadTest, ExceptionsComeBackToTheCaller)
 {
     class ThrowingFilter : public IGridFilter

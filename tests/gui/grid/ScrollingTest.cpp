@@ -42,6 +42,11 @@ TEST_F(ScrollingTest, LinesPagesAndEnds)
     EXPECT_EQ(First(), 100 - page) << "the last page stays full";
     Scroll(SB_TOP);
     EXPECT_EQ(First(), 0);
+    Grid().SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 20));
+    EXPECT_EQ(First(), 20);
+    Grid().SetFirstVisibleRow(1000);
+    EXPECT_EQ(First(), 100 - page);
+    Grid().SetFirstVisibleRow(-3);
     grid.Wheel(-1);
     EXPECT_EQ(First(), 3);
     grid.Wheel(2);

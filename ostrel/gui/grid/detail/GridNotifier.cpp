@@ -75,13 +75,17 @@ void GridNotifier::Send(HWND target, NMHDR const& head) const
 
 void GridNotifier::Row(NotificationCode code, CGridItem& item) const
 {
+    Row(code, item, IsHeard() ? RowArea::RowOf(item) : -1);
+}
+
+void GridNotifier::Row(NotificationCode code, CGridItem& item, int row) const
+{
     RowArea const* const area = GridArea::Of(item);
     HWND const target = area != nullptr && !item.IsRoot() ? Target() : nullptr;
     if (target == nullptr)
     {
         return;
     }
-    int const row = RowArea::RowOf(item);
     NM_GRIDITEM notification{};
     notification.hdr = Head(code);
     notification.code = code;

@@ -25,6 +25,8 @@ public:
 
     /// Sends nothing for a row that is in no grid.
     void Row(NotificationCode code, CGridItem& item) const;
+    /// The same for a row whose number is at hand.
+    void Row(NotificationCode code, CGridItem& item, int row) const;
     /// For each row that is still there when its turn comes.
     void Rows(NotificationCode code, std::span<CGridItem* const> items) const;
     /// What an operation did, in its order.

@@ -72,15 +72,23 @@ void GridScroller::SetHorizontalPosition(int position)
     }
 }
 
-void GridScroller::OnVerticalScroll(int command)
+// A message made by hand carries its own 16 bits; one of the bar's own agrees with what the bar says.
+int GridScroller::ThumbPosition(int bar, int thumb) const
+{
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    bool const isKnown = m_core.Grid().GetScrollInfo(bar, &info, SIF_ALL) != FALSE;
+    return isKnown && LOWORD(static_cast<DWORD_PTR>(info.nTrackPos)) == static_cast<WORD>(thumb) ? info.nTrackPos
+                                                                                                 : thumb;
+}
+
+void GridScroller::OnVerticalScroll(int command, int thumb)
 {
     GridGeometry const geometry = m_core.View().Geometry();
     if (geometry.scrollableRows == 0)
     {
         return;
     }
-    SCROLLINFO info;
-    info.cbSize = sizeof info;
     switch (command)
     {
     case SB_LINEUP:
@@ -103,22 +111,17 @@ void GridScroller::OnVerticalScroll(int command)
         break;
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        if (m_core.Grid().GetScrollInfo(SB_VERT, &info, SIF_ALL) != FALSE)
-        {
-            SetFirstRow(info.nTrackPos);
-        }
+        SetFirstRow(ThumbPosition(SB_VERT, thumb));
         break;
     default:
         break;
     }
 }
 
-void GridScroller::OnHorizontalScroll(int command)
+void GridScroller::OnHorizontalScroll(int command, int thumb)
 {
     int const position = HorizontalPosition();
     int const page = std::max(kHorizontalStep, m_core.View().Geometry().client.cx - m_core.Columns().FixedWidth());
-    SCROLLINFO info;
-    info.cbSize = sizeof info;
     switch (command)
     {
     case SB_LINELEFT:
@@ -141,10 +144,7 @@ void GridScroller::OnHorizontalScroll(int command)
         break;
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-        if (m_core.Grid().GetScrollInfo(SB_HORZ, &info, SIF_ALL) != FALSE)
-        {
-            SetHorizontalPosition(info.nTrackPos);
-        }
+        SetHorizontalPosition(ThumbPosition(SB_HORZ, thumb));
         break;
     default:
         break;

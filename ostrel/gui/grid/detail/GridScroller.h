@@ -20,8 +20,9 @@ public:
     [[nodiscard]] int HorizontalPosition() const;
     void SetHorizontalPosition(int position);
 
-    void OnVerticalScroll(int command);
-    void OnHorizontalScroll(int command);
+    /// SB_ commands. thumb: the low 16 bits of the thumb's place, which the scroll bar knows whole.
+    void OnVerticalScroll(int command, int thumb = 0);
+    void OnHorizontalScroll(int command, int thumb = 0);
     void OnWheel(int delta);
 
     // --- Scrolling into view: at once the first time after a paint, merged until the next paint afterwards ---
@@ -48,6 +49,7 @@ public:
     void OnResized();
 
 private:
+    [[nodiscard]] int ThumbPosition(int bar, int thumb) const;
     void ApplyFirstRow(int row);
     void ScrollPixels(int rowsUp);
     void UpdateVerticalBar();

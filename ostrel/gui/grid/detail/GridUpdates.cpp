@@ -118,11 +118,12 @@ void GridUpdates::ApplyAttached(GridArea& area, CGridItem& item, long fieldId)
             return;
         }
     }
-    if (int const row = RowArea::RowOf(item); row >= 0)
+    int const row = RowArea::RowOf(item);
+    if (row >= 0)
     {
         m_core.View().InvalidateCell(row, area.Type(), fieldId);
     }
-    m_core.Notifier().Row(ItemUpdated, item);
+    m_core.Notifier().Row(ItemUpdated, item, row);
 }
 
 bool GridUpdates::ApplyFilter(GridArea& area, CGridItem& item)
