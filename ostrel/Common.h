@@ -3,9 +3,12 @@
 #pragma once
 
 #include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/common/dataobject/Delegate.h>
+#include <ostrel/common/dataobject/DynamicObject.h>
 #include <ostrel/common/dataobject/Field.h>
 #include <ostrel/common/dataobject/FieldMap.h>
 #include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/common/dataobject/TypeFactory.h>
 #include <ostrel/common/format/BoolFormat.h>
 #include <ostrel/common/format/CharFormat.h>
 #include <ostrel/common/format/DefaultMfcStringFormat.h>
@@ -16,8 +19,13 @@
 #include <ostrel/common/format/Format.h>
 #include <ostrel/common/format/FormatFactory.h>
 #include <ostrel/common/format/HexFormatter.h>
+#include <ostrel/common/format/Int64DateFormat.h>
 #include <ostrel/common/format/Int64Format.h>
+#include <ostrel/common/format/LongDateFormat.h>
+#include <ostrel/common/format/LongEnumFormat.h>
 #include <ostrel/common/format/LongFormat.h>
+#include <ostrel/common/format/LongMsecTimeFormat.h>
+#include <ostrel/common/format/Preferences.h>
 #include <ostrel/common/format/ShortFormat.h>
 #include <ostrel/common/format/UCharFormat.h>
 #include <ostrel/common/format/ULongFormat.h>
@@ -36,6 +44,7 @@
 #include <ostrel/platform/base/Exception.h>
 #include <ostrel/platform/base/Export.h>
 #include <ostrel/platform/base/File.h>
+#include <ostrel/platform/base/FileTime.h>
 #include <ostrel/platform/base/Geometry.h>
 #include <ostrel/platform/base/LittleEndian.h>
 #include <ostrel/platform/base/Narrow.h>

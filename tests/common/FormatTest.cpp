@@ -44,9 +44,24 @@ constexpr Registered kRegistered[] = {
     {"CEmptyFormat", TypeEmpty, "01 00 00 00"},
 };
 
-TEST(FormatFactoryTest, MakesEveryFormatWithTheDefaultsOfItsType)
+/// Those that are nobody's default.
+constexpr Registered kSpecial[] = {
+    {"CLongDateFormat", TypeLong, "01 00 00 00 0E 00 00 00"},
+    {"CInt64DateFormat", TypeInt64, "01 00 00 00 0E 00 00 00"},
+    {"CLongMsecTimeFormat", TypeLong, "01 00 00 00 1E 00 00 00 00 00 00 00 00 00 00 00 00"},
+    {"CLongEnumFormat", TypeLong, "01 00 00 00 00 00 00 00 00 00 00 00"},
+};
+
+std::vector<Registered> AllRegistered()
 {
-    for (auto const& [className, type, bytes] : kRegistered)
+    std::vector<Registered> all(std::begin(kRegistered), std::end(kRegistered));
+    all.insert(all.end(), std::begin(kSpecial), std::end(kSpecial));
+    return all;
+}
+
+TEST(FormatFactoryTest, MakesEveryFormatWithItsDefaults)
+{
+    for (auto const& [className, type, bytes] : AllRegistered())
     {
         std::string const name = std::string("Common::") + className;
         auto const format = Create(name);
@@ -55,9 +70,12 @@ TEST(FormatFactoryTest, MakesEveryFormatWithTheDefaultsOfItsType)
         EXPECT_EQ(format->GetType(), type) << name;
         EXPECT_TRUE(format->IsSerializableType()) << name;
         EXPECT_EQ(StoredBytes(*format), bytes) << name;
+    }
+    for (auto const& [className, type, bytes] : kRegistered)
+    {
         CFormat& byDefault = CFormat::GetDefaultFormat(type);
-        EXPECT_EQ(byDefault.GetFormatName(), name);
-        EXPECT_EQ(StoredBytes(byDefault), bytes) << name;
+        EXPECT_EQ(byDefault.GetFormatName(), std::string("Common::") + className);
+        EXPECT_EQ(StoredBytes(byDefault), bytes) << className;
     }
     EXPECT_EQ(Create("CLongFormat"), nullptr);
     EXPECT_EQ(CFormat::GetDefaultFormat(TypeObjectPtr).GetType(), TypeObjectPtr);
@@ -78,7 +96,7 @@ TEST(FormatFactoryTest, TheFirstCreatorOfANameStays)
 
 TEST(FormatSettingsTest, ANewerVersionIsRefusedByNameAndAnOlderOneKeepsTheSettings)
 {
-    for (auto const& [className, type, bytes] : kRegistered)
+    for (auto const& [className, type, bytes] : AllRegistered())
     {
         auto const format = Create(std::string("Common::") + className);
         CSerializer newer = FromHexText("02 00 00 00 01 00 00 00 00 00 00 00 00 00 00");
@@ -108,9 +126,15 @@ TEST(FormatSettingsTest, ATruncatedBlockChangesNothing)
         char const* className;
         char const* bytes;
     };
-    for (auto const& [className, bytes] : {Case{"CLongFormat", "01 00 00 00 01 00 00 00 00 2E 00 01"},
-                                           Case{"CUCharFormat", "01 00 00 00 01 00 00 00 00 00 00"},
-                                           Case{"CFloatFormat", "01 00 00 00 06 00 01 24 25 2E"}})
+    for (auto const& [className, bytes] :
+         {Case{"CLongFormat", "01 00 00 00 01 00 00 00 00 2E 00 01"},
+          Case{"CUCharFormat", "01 00 00 00 01 00 00 00 00 00 00"},
+          Case{"CFloatFormat", "01 00 00 00 06 00 01 24 25 2E"}, Case{"CLongDateFormat", "01 00 00 00 7D 00 00 00"},
+          Case{"CLongMsecTimeFormat", "01 00 00 00 1F 00 00 00 01 "
+                                      "01 00 00 00 64 00 02 00 00 00 6D 73 00"},
+          Case{"CLongEnumFormat", "01 00 00 00 02 00 00 00 03 00 00 00 01 00 00 00 "
+                                  "02 00 00 00 01 00 00 00 01 00 00 00 79 00 "
+                                  "03 00 00 00 00 00 00 00"}})
     {
         std::string const name = std::string("Common::") + className;
         std::string const before = StoredBytes(*Create(name));

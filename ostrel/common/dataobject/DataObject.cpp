@@ -7,6 +7,7 @@
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/common/dataobject/Field.h>
 #include <ostrel/common/dataobject/FieldMap.h>
+#include <ostrel/common/dataobject/detail/TextAccess.h>
 #include <ostrel/common/format/Format.h>
 #include <ostrel/common/thread/Lock.h>
 #include <ostrel/common/thread/SyncObject.h>
@@ -405,55 +406,7 @@ bool CDataObject::SetValue(long fid, CValue const& value)
     return detail::VisitType(field->GetType(), typed, [] { return false; });
 }
 
-// Text access. The two string worlds differ only in the names of the format's operations.
-
-namespace
-{
-
-CFormat const& ChooseFormat(CFormat const* given, CField const& field)
-{
-    CFormat const* const format = given != nullptr ? given : field.GetFormat();
-    return format != nullptr ? *format : CFormat::GetDefaultFormat(field.GetType());
-}
-
-template <class Text, class T>
-Text FormatAs(CFormat const& format, T const& value, CDataObject const* object)
-{
-    if constexpr (std::is_same_v<Text, CString>)
-    {
-        return format.FormatMfc(value, object);
-    }
-    else
-    {
-        return format.FormatStl(value, object);
-    }
-}
-
-template <class T>
-bool ParseFrom(CFormat const& format, CString const& text, T& value, CDataObject const* object)
-{
-    return format.ParseMfc(text, value, object);
-}
-
-template <class T>
-bool ParseFrom(CFormat const& format, std::string const& text, T& value, CDataObject const* object)
-{
-    return format.ParseStl(text, value, object);
-}
-
-template <class To>
-To ConvertText(CString const& text)
-{
-    return To(text.AsStd());
-}
-
-template <class To>
-To ConvertText(std::string const& text)
-{
-    return To(text);
-}
-
-} // namespace
+// Text access
 
 template <class Text>
 Text CDataObject::GetFormatted(long fid, CFormat const* format) const
@@ -463,8 +416,10 @@ Text CDataObject::GetFormatted(long fid, CFormat const* format) const
     {
         return Text();
     }
-    auto const typed = [format, field = field, object = object]<class T>(std::type_identity<T>)
-    { return FormatAs<Text, T>(ChooseFormat(format, *field), (object->*field->GetterOf<T>())(), object); };
+    auto const typed = [format, field = field, object = object]<class T>(std::type_identity<T>) {
+        return detail::FormatAs<Text, T>(detail::ChooseFormat(format, *field), (object->*field->GetterOf<T>())(),
+                                         object);
+    };
     return detail::VisitType(field->GetType(), typed, [] { return Text(); });
 }
 
@@ -479,7 +434,7 @@ bool CDataObject::SetFormatted(long fid, Text const& text, CFormat const* format
     auto const typed = [&text, format, field = field, object = object]<class T>(std::type_identity<T>)
     {
         T value{};
-        if (!ParseFrom(ChooseFormat(format, *field), text, value, object))
+        if (!detail::ParseFrom(detail::ChooseFormat(format, *field), text, value, object))
         {
             if constexpr (!detail::FieldText<T>)
             {
@@ -487,7 +442,7 @@ bool CDataObject::SetFormatted(long fid, Text const& text, CFormat const* format
             }
             else
             {
-                value = ConvertText<T>(text);
+                value = detail::ConvertText<T>(text);
             }
         }
         (object->*field->SetterOf<T>())(value);

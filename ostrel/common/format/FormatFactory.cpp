@@ -8,8 +8,12 @@
 #include <ostrel/common/format/EmptyFormat.h>
 #include <ostrel/common/format/FloatFormat.h>
 #include <ostrel/common/format/FormatFactory.h>
+#include <ostrel/common/format/Int64DateFormat.h>
 #include <ostrel/common/format/Int64Format.h>
+#include <ostrel/common/format/LongDateFormat.h>
+#include <ostrel/common/format/LongEnumFormat.h>
 #include <ostrel/common/format/LongFormat.h>
+#include <ostrel/common/format/LongMsecTimeFormat.h>
 #include <ostrel/common/format/ShortFormat.h>
 #include <ostrel/common/format/UCharFormat.h>
 #include <ostrel/common/format/ULongFormat.h>
@@ -36,9 +40,10 @@ std::map<std::string, Creator> CreatorsOf()
 struct Registry
 {
     CSyncObject lock;
-    std::map<std::string, Creator> creators OSTREL_GUARDED_BY(lock) = CreatorsOf<
-        CBoolFormat, CCharFormat, CUCharFormat, CShortFormat, CUShortFormat, CLongFormat, CULongFormat, CInt64Format,
-        CFloatFormat, CDoubleFormat, CDefaultStlStringFormat, CDefaultMfcStringFormat, CEmptyFormat>();
+    std::map<std::string, Creator> creators OSTREL_GUARDED_BY(lock) =
+        CreatorsOf<CBoolFormat, CCharFormat, CUCharFormat, CShortFormat, CUShortFormat, CLongFormat, CULongFormat,
+                   CInt64Format, CFloatFormat, CDoubleFormat, CDefaultStlStringFormat, CDefaultMfcStringFormat,
+                   CEmptyFormat, CLongDateFormat, CInt64DateFormat, CLongMsecTimeFormat, CLongEnumFormat>();
 };
 
 /// Never destroyed, as static objects of applications may use it to the very end.
