@@ -1,7 +1,6 @@
 #include <ostrel/common/dataobject/DataObject.h>
-#include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/Preferences.h>
-#include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ItemExtras.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/paint/GridCell.h>
@@ -65,11 +64,11 @@ CString CGridCell::GetFormattedMfcString() const
 
 void CGridCell::RequestNextPaint(int delayMs) const
 {
-    CGrid const* const grid = m_line.Grid();
-    if (grid != nullptr && m_line.GetItem() != nullptr && m_column != nullptr)
+    CGridItem* const item = m_line.GetItem();
+    Detail::GridArea* const area = item != nullptr && m_column != nullptr ? Detail::GridArea::Of(*item) : nullptr;
+    if (area != nullptr)
     {
-        // A later repaint is noted beside the row; nothing that is painted changes by it.
-        const_cast<CGrid*>(grid)->InvalidateCell(m_line.GetItem(), m_column->GetFid(), delayMs);
+        area->Core().Grid().InvalidateCell(item, m_column->GetFid(), delayMs);
     }
 }
 

@@ -13,7 +13,6 @@ class CDataObject;
 namespace Ostrel::GUI
 {
 
-class CGrid;
 class CGridItem;
 
 class OSTREL_GUI_API CGridLine
@@ -49,10 +48,6 @@ public:
     /// The row's object or null.
     [[nodiscard]] Common::CDataObject* GetDataObject() const noexcept;
 
-    /// The grid that paints the line, null for a line that an application made itself. For the library's own painters.
-    [[nodiscard]] CGrid const* Grid() const noexcept { return m_grid; }
-    void UseGrid(CGrid const* grid) noexcept { m_grid = grid; }
-
 private:
     CPaintInfo m_paintInfo;
     ContextType m_context;
@@ -60,7 +55,6 @@ private:
     CGridItem* m_item;
     bool m_previousRowSelected;
     bool m_nextRowSelected;
-    CGrid const* m_grid = nullptr;
 };
 
 } // namespace Ostrel::GUI

@@ -225,7 +225,6 @@ private:
                               band & m_state.clientRect, band, band & context.GetClipRect(), m_font, kTextOffset,
                               kTextOffset, m_grid.GetHighlightSettings());
         CGridLine line(info, row.type, row.number, row.item, row.isPreviousSelected, row.isNextSelected);
-        line.UseGrid(&m_grid);
         m_customDraw.DrawLine(line, context, m_filter);
     }
 
