@@ -111,6 +111,62 @@ TEST(CommonThreadsTest, SinksComeAndGoWhileOthersNotify)
     }
 }
 
+TEST(CommonThreadsTest, ADynamicObjectIsReadSetAndDeclaredByAll)
+{
+    CDynamicObject object(true);
+    CCountingSink sink;
+    object.AddSink(&sink);
+    OnAllThreads(
+        [&](int number)
+        {
+            object.DeclareField(new CField(number, "Field", TypeLong));
+            for (int i = 1; i <= kRounds; ++i)
+            {
+                object.SetLong(number, i);
+                object.SetStlString(kThreads, std::to_string(number)); // contended
+                EXPECT_EQ(object.GetLong(number), i);
+                EXPECT_EQ(object.GetStlString(kThreads).size(), 1U);
+            }
+        });
+    EXPECT_GE(sink.m_count, kThreads * kRounds);
+    object.RemoveSink(&sink);
+}
+
+/// A delegate without fields of its own.
+class CPlainDelegate final : public CDelegate
+{
+public:
+    using CDelegate::CDelegate;
+    [[nodiscard]] CFieldMap const* GetFieldMap() const override { return nullptr; }
+};
+
+TEST(CommonThreadsTest, DelegatesForwardAndLookUpOnAllThreads)
+{
+    CCountingSink sink;
+    CQuote first;
+    CQuote second;
+    first.SetBid(1);
+    second.SetBid(1);
+    CPlainDelegate inner(&first, false);
+    CPlainDelegate outer(&inner, false);
+    outer.AddSink(&sink);
+    OnAllThreads(
+        [&](int number)
+        {
+            for (int i = 0; i < kRounds; ++i)
+            {
+                if (number == 0)
+                {
+                    inner.SetAggregate(i % 2 == 0 ? &second : &first);
+                }
+                EXPECT_EQ(outer.GetDouble(CQuote::kBid), 1);
+                inner.NotifyUpdate(number);
+            }
+        });
+    EXPECT_EQ(sink.m_count, (kThreads + 1) * kRounds);
+    outer.RemoveSink(&sink);
+}
+
 TEST(CommonThreadsTest, DefaultFormatsAndTheFactoryServeAllThreads)
 {
     std::atomic<int> same = 0;
