@@ -315,6 +315,11 @@ CGridItem* GridRows::MoveTarget(CGridItem const& item, CGridItem const& parent, 
     return previous != nullptr ? previous : FirstPosition;
 }
 
+bool GridRows::IsRootOrRow(CGridItem const* item) const
+{
+    return item == &m_core.Scrollable().Root() || item == &m_core.Fixed().Root() || m_core.AreaOf(item) != nullptr;
+}
+
 bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bool before)
 {
     if (m_core.AreaOf(item) == nullptr)
@@ -332,7 +337,7 @@ bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bo
     CGridItem* const focused = m_core.Selection().FocusedItem();
     bool const carriesFocus = m_core.IsCalm() && focused != nullptr && RowArea::IsAncestor(*item, *focused);
     m_core.Notifier().Row(ItemDetaching, *item);
-    if (m_core.AreaOf(item) == nullptr || (newParent->IsRoot() ? false : m_core.AreaOf(newParent) == nullptr))
+    if (m_core.AreaOf(item) == nullptr || !IsRootOrRow(newParent))
     {
         return false;
     }
@@ -344,8 +349,15 @@ bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bo
     {
         return false;
     }
+    CGridItem& oldRoot = GridArea::Of(*item)->Root();
     TakeOut(*item, BarsFollow::Posted);
-    PutIn(*item, *newParent, after, BarsFollow::Now);
+    if (!IsAttachable(item))
+    {
+        return false;
+    }
+    // A handler may have deleted the new parent: then the row stays in its area.
+    bool const hasParent = IsRootOrRow(newParent);
+    PutIn(*item, hasParent ? *newParent : oldRoot, hasParent ? after : LastPosition, BarsFollow::Now);
     if (carriesFocus && m_core.AreaOf(focused) != nullptr && RowArea::IsVisible(*focused))
     {
         m_core.Selection().AdoptFocus(focused);

@@ -88,6 +88,7 @@ private:
 
     /// Moves or clears the focus before a row goes. False when the row was gone already after that.
     [[nodiscard]] bool PrepareFocusForLeaving(CGridItem& item);
+    [[nodiscard]] bool IsRootOrRow(CGridItem const* item) const;
     [[nodiscard]] CGridItem* NeighbourOf(CGridItem const& item) const;
     void RepaintBranch(CGridItem const& parent);
     static void Unregister(CGridItem& subtree);
