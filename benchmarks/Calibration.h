@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <ctime>
 #include <random>
 #include <vector>
@@ -13,22 +14,33 @@
 namespace Ostrel::Benchmarks
 {
 
-/// Processor seconds of the calling thread since it was made.
+/// Seconds since it was made: of the calling thread's processor time or, where several threads work together, of real
+/// time.
 class Stopwatch
 {
 public:
+    explicit Stopwatch(clockid_t clock = CLOCK_THREAD_CPUTIME_ID) : m_clock(clock), m_start(Now()) {}
+
     [[nodiscard]] double Seconds() const { return Now() - m_start; }
 
 private:
-    static double Now()
+    [[nodiscard]] double Now() const
     {
         timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        clock_gettime(m_clock, &time);
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
     }
 
-    double m_start = Now();
+    clockid_t m_clock;
+    double m_start;
 };
+
+inline double Median(std::vector<double> numbers)
+{
+    auto const middle = numbers.begin() + static_cast<std::ptrdiff_t>(numbers.size() / 2);
+    std::nth_element(numbers.begin(), middle, numbers.end());
+    return *middle;
+}
 
 /// Seconds that std::sort of ten million random doubles takes: the median of three runs, measured on first use.
 inline double CalibrationSeconds()
@@ -48,17 +60,59 @@ inline double CalibrationSeconds()
             times.push_back(watch.Seconds());
             benchmark::DoNotOptimize(numbers.data());
         }
-        std::sort(times.begin(), times.end());
-        return times[1];
+        return Median(times);
     }();
     return seconds;
 }
 
-/// Adds the ratio of one iteration's time to the calibration, in thousandths.
-inline void ReportRatio(benchmark::State& state, double secondsPerIteration)
+/// What one measurement of a benchmark is made of.
+struct Work
 {
+    /// Equal operations in one measured call. The time that is reported is that of one of them.
+    std::int64_t operations = 1;
+    /// Rows, or what else there are many of, that one operation handles.
+    std::int64_t things = 1;
+    /// Measured calls; their median counts.
+    int repeats = 5;
+    clockid_t clock = CLOCK_THREAD_CPUTIME_ID;
+};
+
+/// Reports the time of one operation, how many things a second that makes, and the ratio of the time to the
+/// calibration. The benchmark is registered by OSTREL_BENCHMARK.
+inline void Report(benchmark::State& state, Work const& work, double secondsPerOperation)
+{
+    state.SetIterationTime(secondsPerOperation);
+    state.SetItemsProcessed(work.things);
     state.counters["calibration_ms"] = CalibrationSeconds() * 1e3;
-    state.counters["ratio_permille"] = secondsPerIteration / CalibrationSeconds() * 1e3;
+    state.counters["ratio"] = secondsPerOperation / CalibrationSeconds();
+}
+
+/// Measures the function on fresh preparations and reports the median.
+template <class Prepare, class Function>
+void Measure(benchmark::State& state, Work const& work, Prepare prepare, Function function)
+{
+    for (auto _ : state)
+    {
+        std::vector<double> times;
+        for (int run = 0; run < work.repeats; ++run)
+        {
+            prepare();
+            Stopwatch const watch(work.clock);
+            function();
+            times.push_back(watch.Seconds() / static_cast<double>(work.operations));
+        }
+        Report(state, work, Median(times));
+    }
+}
+
+template <class Function>
+void Measure(benchmark::State& state, Work const& work, Function function)
+{
+    Measure(
+        state, work, [] {}, function);
 }
 
 } // namespace Ostrel::Benchmarks
+
+/// A benchmark that repeats by itself.
+#define OSTREL_BENCHMARK(function) BENCHMARK(function)->Iterations(1)->UseManualTime()

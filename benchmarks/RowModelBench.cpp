@@ -99,58 +99,40 @@ struct Rows
     std::vector<CGridItem*> items;
 };
 
-/// Runs the function on fresh preparations and reports it per iteration; `things` are what one iteration handles.
-template <class Prepare, class Function>
-void Measure(benchmark::State& state, std::int64_t things, Prepare prepare, Function function)
-{
-    double total = 0;
-    for (auto _ : state)
-    {
-        prepare();
-        Stopwatch const watch;
-        function();
-        double const seconds = watch.Seconds();
-        state.SetIterationTime(seconds);
-        total += seconds;
-    }
-    state.SetItemsProcessed(state.iterations() * things);
-    ReportRatio(state, total / static_cast<double>(state.iterations()));
-}
-
 void AddRows(benchmark::State& state)
 {
     Rows rows(static_cast<std::size_t>(state.range(0)),
               state.range(1) != 0 ? std::span(kByLast) : std::span<SortLevel const>());
     Measure(
-        state, state.range(0), [&] { rows.area.DestroyAll(); }, [&] { rows.AddAll(); });
+        state, {.things = state.range(0), .repeats = state.range(0) == 1000 ? 51 : 3}, [&] { rows.area.DestroyAll(); },
+        [&] { rows.AddAll(); });
 }
-BENCHMARK(AddRows)
+OSTREL_BENCHMARK(AddRows)
     ->ArgNames({"rows", "sorted"})
     ->ArgsProduct({{1000, 100'000, 1'000'000}, {0, 1}})
-    ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
 void FullSort(benchmark::State& state)
 {
     Rows rows(1'000'000);
     Measure(
-        state, state.range(0),
+        state, {.things = 1'000'000},
         [&] {
             rows.area.Sort(std::array{SortLevel{0, true}, SortLevel{1, true}});
         },
         [&] { rows.area.Sort(state.range(0) == 1 ? std::span<SortLevel const>(kByLast) : kByChangeThenLast); });
-    state.SetItemsProcessed(state.iterations() * 1'000'000);
 }
-BENCHMARK(FullSort)->ArgName("levels")->Arg(1)->Arg(2)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(FullSort)->ArgName("levels")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 /// From the order in which the rows were added.
 void FirstSort(benchmark::State& state)
 {
     std::unique_ptr<Rows> rows;
     Measure(
-        state, 1'000'000, [&] { rows = std::make_unique<Rows>(1'000'000); }, [&] { rows->area.Sort(kByLast); });
+        state, {.things = 1'000'000, .repeats = 3}, [&] { rows = std::make_unique<Rows>(1'000'000); },
+        [&] { rows->area.Sort(kByLast); });
 }
-BENCHMARK(FirstSort)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(FirstSort)->Unit(benchmark::kMillisecond);
 
 void Reposition(benchmark::State& state)
 {
@@ -165,43 +147,33 @@ void Reposition(benchmark::State& state)
     {
         update(); // nodes get the fill of a list in use
     }
-    constexpr int kBatch = 20'000;
-    Measure(
-        state, kBatch, [] {},
-        [&]
-        {
-            for (int i = 0; i < kBatch; ++i)
+    constexpr int kBatch = 200'000;
+    Measure(state, {.operations = kBatch},
+            [&]
             {
-                update();
-            }
-        });
+                for (int i = 0; i < kBatch; ++i)
+                {
+                    update();
+                }
+            });
 }
-BENCHMARK(Reposition)
-    ->ArgName("rows")
-    ->Arg(1000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Arg(1'000'000)
-    ->Arg(5'000'000)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(Reposition)->ArgName("rows")->Arg(1000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Arg(5'000'000);
 
 /// An update that leaves the row in its place.
 void UpdateInPlace(benchmark::State& state)
 {
     Rows rows(1'000'000, kByLast);
-    constexpr int kBatch = 20'000;
-    Measure(
-        state, kBatch, [] {},
-        [&]
-        {
-            for (int i = 0; i < kBatch; ++i)
+    constexpr int kBatch = 200'000;
+    Measure(state, {.operations = kBatch},
+            [&]
             {
-                rows.area.Reposition(*rows.items[rows.quotes.Random(rows.quotes.Size())]);
-            }
-        });
+                for (int i = 0; i < kBatch; ++i)
+                {
+                    rows.area.Reposition(*rows.items[rows.quotes.Random(rows.quotes.Size())]);
+                }
+            });
 }
-BENCHMARK(UpdateInPlace)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(UpdateInPlace);
 
 /// Half of the updates make the row appear or vanish.
 void FilterOne(benchmark::State& state)
@@ -211,21 +183,19 @@ void FilterOne(benchmark::State& state)
     changes.wantsEvents = false;
     rows.area.SetFilter(&rows.quotes);
     rows.area.ApplyFilter(changes);
-    constexpr int kBatch = 20'000;
-    Measure(
-        state, kBatch, [] {},
-        [&]
-        {
-            for (int i = 0; i < kBatch; ++i)
+    constexpr int kBatch = 200'000;
+    Measure(state, {.operations = kBatch},
+            [&]
             {
-                std::size_t const index = rows.quotes.Random(rows.quotes.Size());
-                rows.quotes[index].last = rows.quotes.NewLast();
-                rows.area.ApplyFilterTo(*rows.items[index], changes);
-            }
-        });
+                for (int i = 0; i < kBatch; ++i)
+                {
+                    std::size_t const index = rows.quotes.Random(rows.quotes.Size());
+                    rows.quotes[index].last = rows.quotes.NewLast();
+                    rows.area.ApplyFilterTo(*rows.items[index], changes);
+                }
+            });
 }
-BENCHMARK(FilterOne)->ArgName("rows")->Arg(1000)->Arg(100'000)->Arg(1'000'000)->UseManualTime()->Unit(
-    benchmark::kMillisecond);
+OSTREL_BENCHMARK(FilterOne)->ArgName("rows")->Arg(1000)->Arg(100'000)->Arg(1'000'000);
 
 void FilterAll(benchmark::State& state)
 {
@@ -234,35 +204,34 @@ void FilterAll(benchmark::State& state)
     changes.wantsEvents = false;
     rows.area.SetFilter(&rows.quotes);
     Measure(
-        state, 1'000'000, [&] { rows.quotes.isInverted = !rows.quotes.isInverted; },
+        state, {.things = 1'000'000, .repeats = 3}, [&] { rows.quotes.isInverted = !rows.quotes.isInverted; },
         [&] { rows.area.ApplyFilter(changes); });
 }
-BENCHMARK(FilterAll)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(FilterAll)->Unit(benchmark::kMillisecond);
 
 void RandomRows(benchmark::State& state)
 {
     Rows rows(1'000'000, kByLast);
-    constexpr int kBatch = 20'000;
+    constexpr int kBatch = 200'000;
     bool const fromItem = state.range(0) != 0;
-    Measure(
-        state, kBatch, [] {},
-        [&]
-        {
-            for (int i = 0; i < kBatch; ++i)
+    Measure(state, {.operations = kBatch},
+            [&]
             {
-                std::size_t const index = rows.quotes.Random(rows.quotes.Size());
-                if (fromItem)
+                for (int i = 0; i < kBatch; ++i)
                 {
-                    benchmark::DoNotOptimize(RowArea::RowOf(*rows.items[index]));
+                    std::size_t const index = rows.quotes.Random(rows.quotes.Size());
+                    if (fromItem)
+                    {
+                        benchmark::DoNotOptimize(RowArea::RowOf(*rows.items[index]));
+                    }
+                    else
+                    {
+                        benchmark::DoNotOptimize(rows.area.ItemAt(static_cast<int>(index)));
+                    }
                 }
-                else
-                {
-                    benchmark::DoNotOptimize(rows.area.ItemAt(static_cast<int>(index)));
-                }
-            }
-        });
+            });
 }
-BENCHMARK(RandomRows)->ArgName("row_of_item")->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(RandomRows)->ArgName("row_of_item")->Arg(0)->Arg(1);
 
 void ExpandAndCollapse(benchmark::State& state)
 {
@@ -277,21 +246,21 @@ void ExpandAndCollapse(benchmark::State& state)
                     changes);
     }
     Measure(
-        state, 200'000, [&] { changes = RowChanges(); },
+        state, {.things = 200'000}, [&] { changes = RowChanges(); },
         [&]
         {
             area.Expand(*parent, GUI::Detail::Recursion::ItemOnly, changes);
             area.Collapse(*parent, GUI::Detail::Recursion::ItemOnly, changes);
         });
 }
-BENCHMARK(ExpandAndCollapse)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(ExpandAndCollapse)->Unit(benchmark::kMillisecond);
 
 void SelectAll(benchmark::State& state)
 {
     Rows rows(1'000'000, kByLast);
     std::vector<CGridItem*> changed;
     Measure(
-        state, 1'000'000,
+        state, {.things = 1'000'000, .repeats = 3},
         [&]
         {
             for (CGridItem* const item : changed)
@@ -302,13 +271,13 @@ void SelectAll(benchmark::State& state)
         },
         [&] { rows.area.SelectAllVisible(&changed); });
 }
-BENCHMARK(SelectAll)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(SelectAll)->Unit(benchmark::kMillisecond);
 
 void DeleteAll(benchmark::State& state)
 {
     Rows rows(1'000'000, kByLast);
     Measure(
-        state, 1'000'000,
+        state, {.things = 1'000'000, .repeats = 3},
         [&]
         {
             rows.area.DestroyAll();
@@ -316,7 +285,7 @@ void DeleteAll(benchmark::State& state)
         },
         [&] { rows.area.DestroyAll(); });
 }
-BENCHMARK(DeleteAll)->UseManualTime()->Unit(benchmark::kMillisecond);
+OSTREL_BENCHMARK(DeleteAll)->Unit(benchmark::kMillisecond);
 
 std::int64_t ResidentBytes()
 {
@@ -344,9 +313,10 @@ void BytesARow(benchmark::State& state)
         }
         state.counters["plain"] = static_cast<double>(plain - before) / kRows;
         state.counters["one_updated_field"] = static_cast<double>(ResidentBytes() - before) / kRows;
+        state.SetIterationTime(0);
     }
 }
-BENCHMARK(BytesARow)->Iterations(1);
+OSTREL_BENCHMARK(BytesARow);
 
 } // namespace
 } // namespace Ostrel::Benchmarks

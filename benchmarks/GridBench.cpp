@@ -1,0 +1,439 @@
+// What the whole grid costs: a window of 1600 x 900 that shows quotes of twelve fields. Order and number of the rows
+// are checked at the end of every benchmark; one that ends with wrong rows reports no figure.
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <benchmark/benchmark.h>
+
+#include "Calibration.h"
+#include "QuoteRows.h"
+
+namespace Ostrel::Benchmarks
+{
+namespace
+{
+
+using namespace GUI;
+using Platform::ProcessPending;
+
+constexpr std::int64_t kThousand = 1'000;
+constexpr std::int64_t kHundredThousand = 100'000;
+constexpr std::int64_t kMillion = 1'000'000;
+
+std::unique_ptr<QuoteRows> MakeRows(std::int64_t count)
+{
+    auto rows = std::make_unique<QuoteRows>(static_cast<std::size_t>(count));
+    rows->AddAll();
+    return rows;
+}
+
+void Check(benchmark::State& state, QuoteRows& rows)
+{
+    if (std::string const wrong = rows.WhatIsWrong(); !wrong.empty())
+    {
+        state.SkipWithError(wrong.c_str());
+    }
+}
+
+// --- Memory. First, while the process holds no freed memory that rows could take without growing it. ---
+
+double ResidentBytes()
+{
+    std::int64_t pages = 0;
+    std::int64_t resident = 0;
+    if (FILE* const file = std::fopen("/proc/self/statm", "r"))
+    {
+        if (std::fscanf(file, "%ld %ld", &pages, &resident) != 2)
+        {
+            resident = 0;
+        }
+        std::fclose(file);
+    }
+    return static_cast<double>(resident * sysconf(_SC_PAGESIZE));
+}
+
+/// Bytes that rows add to the objects: resident memory, so that everything counts, wherever it was taken from.
+void BytesARow(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        QuoteRows rows(kMillion);
+        double const before = ResidentBytes();
+        rows.AddAll();
+        malloc_trim(0);
+        double const plain = ResidentBytes();
+        LoopTurns turns;
+        for (std::size_t i = 0; i < rows.Count(); ++i)
+        {
+            rows.Quote(i).ChangeLast(rows.Numbers());
+            turns.AfterChange();
+        }
+        ProcessPending();
+        malloc_trim(0);
+        state.counters["plain"] = (plain - before) / kMillion;
+        state.counters["one_updated_field"] = (ResidentBytes() - before) / kMillion;
+        state.SetIterationTime(0);
+        Check(state, rows);
+    }
+}
+OSTREL_BENCHMARK(BytesARow);
+
+// --- Adding, sorting, filtering, selecting and deleting many. ---
+
+void AddOneByOne(benchmark::State& state)
+{
+    QuoteRows rows(static_cast<std::size_t>(state.range(0)));
+    int const repeats = state.range(0) == kThousand ? 51 : 3;
+    Measure(
+        state, {.things = state.range(0), .repeats = repeats}, [&] { rows.Grid().DeleteAll(AllContexts); },
+        [&] { rows.AddAll(); });
+    Check(state, rows);
+}
+OSTREL_BENCHMARK(AddOneByOne)
+    ->ArgName("rows")
+    ->Arg(kThousand)
+    ->Arg(kHundredThousand)
+    ->Arg(kMillion)
+    ->Unit(benchmark::kMillisecond);
+
+void MeasureSort(benchmark::State& state, std::initializer_list<CSortInfo> levels)
+{
+    auto const rows = MakeRows(kMillion);
+    CSortInfo const other(CQuote::kVolume, false);
+    Measure(
+        state, {.things = kMillion, .repeats = 3}, [&] { rows->Sort({other}); }, [&] { rows->Sort(levels); });
+    Check(state, *rows);
+}
+
+void SortByOneNumber(benchmark::State& state)
+{
+    MeasureSort(state, {CSortInfo(CQuote::kLast, false)});
+}
+OSTREL_BENCHMARK(SortByOneNumber)->Unit(benchmark::kMillisecond);
+
+void SortByTwoNumbers(benchmark::State& state)
+{
+    MeasureSort(state, {CSortInfo(CQuote::kBidSize, false), CSortInfo(CQuote::kLast, true)});
+}
+OSTREL_BENCHMARK(SortByTwoNumbers)->Unit(benchmark::kMillisecond);
+
+void SortByText(benchmark::State& state)
+{
+    MeasureSort(state, {CSortInfo(CQuote::kSymbol, false)});
+}
+OSTREL_BENCHMARK(SortByText)->Unit(benchmark::kMillisecond);
+
+void FilterAll(benchmark::State& state)
+{
+    auto const rows = MakeRows(kMillion);
+    QuoteFilter byChange(QuoteFilter::Shows::PositiveChange);
+    QuoteFilter byLast(QuoteFilter::Shows::LastAbove505);
+    Measure(
+        state, {.things = kMillion}, [&] { rows->SetFilter(&byChange); }, [&] { rows->SetFilter(&byLast); });
+    Check(state, *rows);
+    rows->SetFilter(nullptr);
+}
+OSTREL_BENCHMARK(FilterAll)->Unit(benchmark::kMillisecond);
+
+void SelectAll(benchmark::State& state)
+{
+    auto const rows = MakeRows(kMillion);
+    rows->Grid().AllowMultiSelection(true);
+    auto const clear = [&]
+    {
+        rows->Grid().ClearSelection();
+        ProcessPending();
+    };
+    auto const select = [&]
+    {
+        rows->Grid().SelectAll();
+        ProcessPending();
+    };
+    Measure(state, {.things = kMillion, .repeats = 3}, clear, select);
+    if (rows->Grid().GetSelectedCount() != kMillion)
+    {
+        state.SkipWithError("not all rows are selected");
+    }
+}
+OSTREL_BENCHMARK(SelectAll)->Unit(benchmark::kMillisecond);
+
+void DeleteAll(benchmark::State& state)
+{
+    QuoteRows rows(kMillion);
+    auto const deleteAll = [&]
+    {
+        rows.Grid().DeleteAll(AllContexts);
+        ProcessPending();
+    };
+    Measure(
+        state, {.things = kMillion, .repeats = 3}, [&] { rows.AddAll(); }, deleteAll);
+    if (rows.Grid().GetRowCount(ScrollableContext) != 0)
+    {
+        state.SkipWithError("rows are left");
+    }
+}
+OSTREL_BENCHMARK(DeleteAll)->Unit(benchmark::kMillisecond);
+
+// --- Updates from the grid's own thread. ---
+
+using Change = void (CQuote::*)(Random& random);
+
+void UpdateMany(QuoteRows& rows, Change change, std::int64_t updates)
+{
+    LoopTurns turns;
+    for (std::int64_t i = 0; i < updates; ++i)
+    {
+        CQuote& quote = rows.Quote(rows.Numbers().Below(rows.Count()));
+        (quote.*change)(rows.Numbers());
+        turns.AfterChange();
+    }
+    ProcessPending();
+}
+
+/// Every update is applied and told to the parent by itself, in the order in which they came.
+void MeasureUpdates(benchmark::State& state, QuoteRows& rows, Change change)
+{
+    constexpr std::int64_t kBatch = 300'000;
+    UpdateMany(rows, change, state.range(0)); // the structures get the shape of a list in use
+    std::int64_t const before = rows.Frame().UpdatesHeard();
+    Work const work{.operations = kBatch};
+    Measure(state, work, [&] { UpdateMany(rows, change, kBatch); });
+    Check(state, rows);
+    bool const mayVanish = rows.Grid().GetFilter() != nullptr; // what vanishes is not told as updated
+    if (!mayVanish && rows.Frame().UpdatesHeard() - before != work.repeats * kBatch)
+    {
+        state.SkipWithError("updates were lost");
+    }
+}
+
+void UpdateUnsorted(benchmark::State& state)
+{
+    auto const rows = MakeRows(state.range(0));
+    MeasureUpdates(state, *rows, &CQuote::ChangeAnyNumber);
+}
+
+/// Each update moves its row by a third of the list on average.
+void UpdateSorted(benchmark::State& state)
+{
+    auto const rows = MakeRows(state.range(0));
+    rows->SortByLast();
+    MeasureUpdates(state, *rows, &CQuote::ChangeLast);
+}
+
+/// Half of the updates make the row appear or vanish.
+void UpdateFiltered(benchmark::State& state)
+{
+    QuoteFilter filter(QuoteFilter::Shows::LastAbove505);
+    auto const rows = MakeRows(state.range(0));
+    rows->SetFilter(&filter);
+    MeasureUpdates(state, *rows, &CQuote::ChangeLast);
+    rows->SetFilter(nullptr);
+}
+
+void ForAllSizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgName("rows")->Arg(kThousand)->Arg(kHundredThousand)->Arg(kMillion);
+}
+OSTREL_BENCHMARK(UpdateUnsorted)->Apply(ForAllSizes);
+OSTREL_BENCHMARK(UpdateSorted)->Apply(ForAllSizes);
+OSTREL_BENCHMARK(UpdateFiltered)->Apply(ForAllSizes);
+
+/// A million rows sorted by the changing field and filtered by it, 1,000 updates a second in frames of 1/60 s: what the
+/// worst frame of five seconds takes of the thread.
+void LiveMillion(benchmark::State& state)
+{
+    QuoteFilter filter(QuoteFilter::Shows::LastAbove505);
+    auto const rows = MakeRows(kMillion);
+    rows->SortByLast();
+    rows->SetFilter(&filter);
+    constexpr int kFrames = 300;
+    constexpr int kUpdates = 5'000;
+    for (auto _ : state)
+    {
+        double worstSeconds = 0;
+        int done = 0;
+        for (int frame = 1; frame <= kFrames; ++frame)
+        {
+            Stopwatch const watch;
+            for (; done < kUpdates * frame / kFrames; ++done)
+            {
+                rows->Quote(rows->Numbers().Below(kMillion)).ChangeLast(rows->Numbers());
+            }
+            ProcessPending();
+            worstSeconds = std::max(worstSeconds, watch.Seconds());
+        }
+        state.counters["updates"] = done;
+        Report(state, {}, worstSeconds);
+    }
+    Check(state, *rows);
+    rows->SetFilter(nullptr);
+}
+OSTREL_BENCHMARK(LiveMillion)->Unit(benchmark::kMillisecond);
+
+// --- Updates from other threads, in real time. ---
+
+/// Each worker changes rows of its own, as fast as it can, while the grid's thread runs its loop.
+void UpdateFromThreads(benchmark::State& state)
+{
+    auto const rows = MakeRows(state.range(0));
+    bool const isSorted = state.range(2) != 0;
+    if (isSorted)
+    {
+        rows->SortByLast();
+    }
+    auto const threads = static_cast<std::size_t>(state.range(1));
+    std::size_t const updatesAThread = 600'000 / threads;
+    std::int64_t const total = static_cast<std::int64_t>(updatesAThread * threads);
+    Change const change = isSorted ? &CQuote::ChangeLast : &CQuote::ChangeAnyNumber;
+    auto const work = [&](std::size_t thread)
+    {
+        Random random(thread + 1);
+        std::size_t const share = rows->Count() / threads;
+        for (std::size_t i = 0; i < updatesAThread; ++i)
+        {
+            (rows->Quote(thread * share + random.Below(share)).*change)(random);
+        }
+    };
+    std::vector<double> stalls;
+    auto const run = [&]
+    {
+        constexpr double kPatienceSeconds = 60;
+        std::int64_t const goal = rows->Frame().UpdatesHeard() + total;
+        Stopwatch const watch(CLOCK_MONOTONIC);
+        rows->Frame().StartHeartbeat();
+        {
+            std::vector<std::jthread> workers;
+            for (std::size_t thread = 0; thread < threads; ++thread)
+            {
+                workers.emplace_back(work, thread);
+            }
+            std::int64_t heardBefore = 0;
+            Platform::RunModalLoop(
+                [&]
+                {
+                    std::int64_t const heard = rows->Frame().UpdatesHeard();
+                    bool const isIdle = heard == heardBefore; // the heartbeat wakes the loop if updates are lost
+                    heardBefore = heard;
+                    return heard >= goal || (isIdle && watch.Seconds() > kPatienceSeconds);
+                });
+            stalls.push_back(rows->Frame().StopHeartbeat());
+        }
+        if (rows->Frame().UpdatesHeard() != goal)
+        {
+            state.SkipWithError("updates were lost");
+        }
+    };
+    Measure(state, {.operations = total, .repeats = 3, .clock = CLOCK_MONOTONIC}, run);
+    state.counters["worst_stall_ms"] = Median(stalls);
+    ProcessPending();
+    Check(state, *rows);
+}
+OSTREL_BENCHMARK(UpdateFromThreads)
+    ->ArgNames({"rows", "threads", "sorted"})
+    ->ArgsProduct({{kThousand, kHundredThousand, kMillion}, {1, 4}, {0, 1}});
+
+// --- Painting. ---
+
+void Repaint(benchmark::State& state)
+{
+    auto const rows = MakeRows(kHundredThousand);
+    constexpr int kFrames = 20;
+    auto const repaint = [&]
+    {
+        for (int i = 0; i < kFrames; ++i)
+        {
+            rows->Grid().Invalidate();
+            ProcessPending();
+        }
+    };
+    repaint(); // fonts and texts are known afterwards
+    Measure(state, {.operations = kFrames}, repaint);
+    state.counters["rows"] = rows->Grid().GetLastVisibleRow(ScrollableContext) + 1;
+}
+OSTREL_BENCHMARK(Repaint)->Unit(benchmark::kMillisecond);
+
+/// Every text is one that was not shown before.
+void RepaintNewPage(benchmark::State& state)
+{
+    auto const rows = MakeRows(kHundredThousand);
+    constexpr int kFrames = 20;
+    int row = 0;
+    Measure(state, {.operations = kFrames},
+            [&]
+            {
+                for (int i = 0; i < kFrames; ++i)
+                {
+                    row += rows->Grid().GetLinesPerPage(true);
+                    rows->Grid().SetFirstVisibleRow(row);
+                    ProcessPending();
+                }
+            });
+    if (rows->Grid().GetFirstVisibleRow() != row)
+    {
+        state.SkipWithError("the view is not where it was scrolled to");
+    }
+}
+OSTREL_BENCHMARK(RepaintNewPage)->Unit(benchmark::kMillisecond);
+
+void ScrollOneRow(benchmark::State& state)
+{
+    auto const rows = MakeRows(kHundredThousand);
+    constexpr int kSteps = 200;
+    int row = 0;
+    Measure(state, {.operations = kSteps},
+            [&]
+            {
+                for (int i = 0; i < kSteps; ++i)
+                {
+                    rows->Grid().SetFirstVisibleRow(++row);
+                    ProcessPending();
+                }
+            });
+    if (rows->Grid().GetFirstVisibleRow() != row)
+    {
+        state.SkipWithError("the view is not where it was scrolled to");
+    }
+}
+OSTREL_BENCHMARK(ScrollOneRow)->Unit(benchmark::kMillisecond);
+
+/// One cell on the screen changes and is painted.
+void UpdateOneCell(benchmark::State& state)
+{
+    auto const rows = MakeRows(kHundredThousand);
+    constexpr int kCells = 1000;
+    constexpr std::size_t kRowsOnScreen = 40;
+    Measure(state, {.operations = kCells},
+            [&]
+            {
+                for (int i = 0; i < kCells; ++i)
+                {
+                    rows->Quote(rows->Numbers().Below(kRowsOnScreen)).ChangeLast(rows->Numbers());
+                    ProcessPending();
+                }
+            });
+    Check(state, *rows);
+}
+OSTREL_BENCHMARK(UpdateOneCell)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace Ostrel::Benchmarks
+
+int main(int argc, char** argv)
+{
+    setenv("OSTREL_DISPLAY", "headless", 0); // NOLINT(concurrency-mt-unsafe): before any other thread
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    {
+        return 1;
+    }
+    Ostrel::Benchmarks::CalibrationSeconds();
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
