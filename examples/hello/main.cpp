@@ -10,16 +10,17 @@ using namespace Ostrel::GUI;
 class CCounter : public CDataObject
 {
 public:
-    std::string GetName() const { return "Seconds, in tenths"; }
+    std::string GetName() const { return "Tenths of a second"; }
     long GetCount() const { return m_count; }
-    void Increment() { ++m_count, NotifyUpdate(1); }
-
+    void Increment()
+    {
+        ++m_count;
+        NotifyUpdate(1);
+    }
     CFieldMap const* GetFieldMap() const override
     {
-        static auto const fields = CFieldMapBuilder<CCounter>()
-                                       .Field(0, "Name", &CCounter::GetName)
-                                       .Field(1, "Count", &CCounter::GetCount)
-                                       .Build();
+        static auto const fields =
+            CFieldMapBuilder<CCounter>().Field(0, "", &CCounter::GetName).Field(1, "", &CCounter::GetCount).Build();
         return fields.get();
     }
 
@@ -29,12 +30,19 @@ private:
 
 int main()
 {
+    CFrameWnd frame;
+    frame.Create(nullptr, "Hello, grid", WS_OVERLAPPEDWINDOW, CRect(100, 100, 500, 300));
     CGrid grid;
-    CCounter counter;
-    CFrameWnd frame("Hello, grid", grid);
-    grid.GetHeader()->Add(new CColumn(0, "Name", 200));
-    grid.GetHeader()->Add(new CColumn(1, "Count", 100, CColumn::AlignRight));
+    grid.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(), &frame, 1);
+    frame.SetClientWindow(&grid);
+
+    auto* header = new CHeader; // the grid deletes it
+    header->Add(new CColumn(0, "Name", 200));
+    header->Add(new CColumn(1, "Count", 100, CColumn::AlignRight));
+    grid.SetHeader(header);
     grid.AllowHighlight(true);
+
+    CCounter counter;
     grid.Add(&counter, ScrollableRoot, LastPosition);
     std::jthread const worker(
         [&](std::stop_token const& stop)
@@ -44,5 +52,5 @@ int main()
                 counter.Increment();
             }
         });
-    return frame.Run();
+    return frame.RunAsMainWindow();
 }

@@ -23,12 +23,13 @@ namespace
 {
 
 constexpr COLORREF kPaint = RGB(0x20, 0x80, 0xE0);
+constexpr COLORREF kCover = RGB(0xE0, 0x40, 0x20);
 
 /// Notes what reaches it and paints itself in one colour.
 class CProbe : public CFrameWnd
 {
 public:
-    CProbe() { SetAutoDelete(false); }
+    explicit CProbe(COLORREF color) : m_color(color) { SetAutoDelete(false); }
 
     std::string text;
     std::set<WPARAM> keys;
@@ -68,7 +69,7 @@ protected:
             CPaintDC dc(this);
             CRect client;
             GetClientRect(&client);
-            dc.FillSolidRect(client, kPaint);
+            dc.FillSolidRect(client, m_color);
             return 0;
         }
         default:
@@ -76,6 +77,9 @@ protected:
         }
         return CFrameWnd::WindowProc(message, wParam, lParam);
     }
+
+private:
+    COLORREF m_color;
 };
 
 /// A second client of the server.
@@ -119,6 +123,8 @@ protected:
         ASSERT_TRUE(m_window.Create(nullptr, "Probe", WS_OVERLAPPEDWINDOW, CRect(100, 100, 500, 400)));
         m_window.ShowWindow(SW_SHOW);
         ASSERT_TRUE(Until([this] { return Shows({200, 150}, kPaint); })) << "the window does not appear";
+        ASSERT_TRUE(Until([] { return OutputOf("xdotool getwindowfocus getwindowname") == "Probe\n"; }))
+            << "the window does not get the keyboard";
     }
 
     /// Turns the loop until it holds; false after a time in which any server does it.
@@ -137,7 +143,17 @@ protected:
         m_window.ClientToScreen(&clientPoint);
         return m_witness.ColorAt(clientPoint) == color;
     }
-    /// Lets xdotool do something; %x,%y in the arguments is a point of the window.
+    static std::string OutputOf(std::string const& command)
+    {
+        std::string output;
+        if (FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r"))
+        {
+            std::array<char, 256> buffer{};
+            output.assign(buffer.data(), std::fread(buffer.data(), 1, buffer.size(), pipe));
+            pclose(pipe);
+        }
+        return output;
+    }
     void Xdotool(std::string const& arguments) { ASSERT_EQ(std::system(("xdotool " + arguments).c_str()), 0); }
     std::string MoveTo(CPoint clientPoint)
     {
@@ -146,15 +162,18 @@ protected:
     }
 
     Witness m_witness;
-    CProbe m_window;
+    CProbe m_window{kPaint};
 };
 
-TEST_F(X11Test, TypedTextArrivesWholeInAnyScript)
+TEST_F(X11Test, TypedTextArrivesInTheLayoutOfTheMoment)
 {
-    // Keys that the layout does not have: xdotool remaps spare ones while it types.
-    Xdotool("type --delay 30 'aZ9 ü€日'");
-    EXPECT_TRUE(Until([this] { return m_window.text.size() >= std::string("aZ9 ü€日").size(); }));
-    EXPECT_EQ(m_window.text, "aZ9 ü€日");
+    // The layout changes while the program runs: keys that had no meaning get one.
+    ASSERT_EQ(std::system("xmodmap -e 'keycode 8 = udiaeresis Udiaeresis' -e 'keycode 93 = EuroSign U65E5'"), 0);
+    ProcessPending();
+    Xdotool("type --delay 20 'aZ9 üÜ€日'");
+    std::string const typed = "aZ9 üÜ€日";
+    EXPECT_TRUE(Until([&] { return m_window.text.size() >= typed.size(); }));
+    EXPECT_EQ(m_window.text, typed);
 }
 
 TEST_F(X11Test, KeysHaveTheirCodes)
@@ -194,12 +213,11 @@ TEST_F(X11Test, AWindowThatGrowsIsPaintedToItsNewCorner)
 TEST_F(X11Test, WhatWasCoveredComesBack)
 {
     {
-        CProbe cover;
+        CProbe cover(kCover);
         CRect place(0, 0, 100, 100);
         m_window.ClientToScreen(&place);
         ASSERT_TRUE(cover.CreateEx(0, nullptr, "", WS_POPUP | WS_VISIBLE, place, nullptr, 0));
-        // A pop-up of the plain class has the colour of its class, not ours.
-        EXPECT_TRUE(Until([this] { return !Shows({50, 50}, kPaint) || true; }));
+        ASSERT_TRUE(Until([this] { return Shows({50, 50}, kCover); }));
     }
     EXPECT_TRUE(Until([this] { return Shows({50, 50}, kPaint); }));
 }
@@ -220,17 +238,7 @@ TEST_F(X11Test, TextGoesToAndComesFromOtherPrograms)
     std::remove(file.c_str());
     Xdotool("getactivewindow >/dev/null; (xclip -selection clipboard -o -target UTF8_STRING >" + file + ".part && mv " +
             file + ".part " + file + ") &");
-    auto const read = [&]
-    {
-        std::string content;
-        if (FILE* opened = std::fopen(file.c_str(), "rb"))
-        {
-            std::array<char, 256> buffer{};
-            content.assign(buffer.data(), std::fread(buffer.data(), 1, buffer.size(), opened));
-            std::fclose(opened);
-        }
-        return content;
-    };
+    auto const read = [&] { return OutputOf("cat " + file); };
     EXPECT_TRUE(Until([&] { return read() == text; })) << read();
 
     ASSERT_EQ(std::system("printf 'from elsewhere ü' | xclip -selection clipboard -i >/dev/null 2>&1"), 0);
@@ -250,10 +258,8 @@ protected:
         }
         ASSERT_TRUE(m_grid.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(), &m_window, 1));
         auto* header = new CHeader;
-        header->Add(new CColumn(TestObject::Name, "Name", 150, CColumn::AlignLeft, false, -1, -1, nullptr, nullptr,
-                                nullptr, ""));
-        header->Add(new CColumn(TestObject::Quantity, "Quantity", 100, CColumn::AlignRight, false, -1, -1, nullptr,
-                                nullptr, nullptr, ""));
+        header->Add(new CColumn(TestObject::Name, "Name", 150));
+        header->Add(new CColumn(TestObject::Quantity, "Quantity", 100, CColumn::AlignRight));
         m_grid.SetHeader(header);
         for (auto const& row : m_rows)
         {

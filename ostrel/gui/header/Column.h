@@ -71,9 +71,10 @@ public:
 
     /// Takes ownership of the three formats; each may be null: the text format then is the field's own, the paint
     /// formats are the defaults. Image indices are -1 for none. The column is visible.
-    CColumn(long fid, std::string const& name, int width, Alignment alignment, bool editable, int cellImageId,
-            int columnImageId, Common::CFormat const* textFormat, ICellPaintFormat const* cellPaintFormat,
-            IColumnPaintFormat const* columnPaintFormat, std::string const& description);
+    CColumn(long fid, std::string const& name, int width, Alignment alignment = AlignLeft, bool editable = false,
+            int cellImageId = -1, int columnImageId = -1, Common::CFormat const* textFormat = nullptr,
+            ICellPaintFormat const* cellPaintFormat = nullptr, IColumnPaintFormat const* columnPaintFormat = nullptr,
+            std::string const& description = {});
     /// Copies everything but the subscribers; the formats are cloned. Assigning deletes the formats that the column had
     /// and notifies nobody, so assign to a column before a header has it.
     CColumn(CColumn const& other);

@@ -51,6 +51,14 @@ void CFrameWnd::RecalcLayout()
     ::MoveWindow(m_client, 0, 0, client.Width(), client.Height());
 }
 
+int CFrameWnd::RunAsMainWindow()
+{
+    SetAutoDelete(false);
+    SetQuitOnDestroy(true);
+    ShowWindow(SW_SHOW);
+    return Ostrel::Platform::RunMessageLoop();
+}
+
 LRESULT CFrameWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     // Whatever the base does for other messages may end this object: it is not touched afterwards.

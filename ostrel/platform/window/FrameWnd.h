@@ -28,6 +28,10 @@ public:
 
     virtual void RecalcLayout();
 
+    /// Shows a frame that is a member or on the stack, runs the thread's loop until the window is closed, and returns
+    /// the exit code: the main window of a simple program.
+    int RunAsMainWindow();
+
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PostNcDestroy() override;

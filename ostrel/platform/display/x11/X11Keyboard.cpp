@@ -174,7 +174,6 @@ void Keyboard::SelectEvents()
 
 void Keyboard::LoadKeymap()
 {
-    m_isKeymapStale = false;
     Owned<xkb_keymap> keymap(
         xkb_x11_keymap_new_from_device(m_context.get(), m_connection.Get(), m_device, XKB_KEYMAP_COMPILE_NO_FLAGS));
     Owned<xkb_state> state(keymap ? xkb_x11_state_new_from_device(keymap.get(), m_connection.Get(), m_device)
@@ -214,18 +213,14 @@ bool Keyboard::HandleEvent(xcb_generic_event_t const& event)
     }
     else
     {
-        // Tools that type remap keys in bursts: the map is read again when the next key needs it.
-        m_isKeymapStale = true;
+        // At once: programs that type text map a spare key, press it and take the map back.
+        LoadKeymap();
     }
     return true;
 }
 
 KeyEvent Keyboard::Translate(xcb_keycode_t code, bool down)
 {
-    if (m_isKeymapStale)
-    {
-        LoadKeymap();
-    }
     KeyEvent key;
     key.down = down;
     key.scanCode = code;

@@ -54,7 +54,6 @@ private:
     Owned<xkb_state> m_state;
     Owned<xkb_compose_table> m_composeTable;
     Owned<xkb_compose_state> m_compose;
-    bool m_isKeymapStale = false;
     std::bitset<256> m_down;
 };
 

@@ -270,11 +270,13 @@ void XWindow::CapturePointer(InputStamp stamp)
     auto const cookie = xcb_grab_pointer(m_connection.Get(), 1, m_id, kGrabbedEvents, XCB_GRAB_MODE_ASYNC,
                                          XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, time);
     xcb_discard_reply(m_connection.Get(), cookie.sequence);
+    xcb_flush(m_connection.Get()); // the next press must find it
 }
 
 void XWindow::ReleasePointer()
 {
     xcb_ungrab_pointer(m_connection.Get(), XCB_CURRENT_TIME);
+    xcb_flush(m_connection.Get()); // other programs wait for it
 }
 
 Surface& XWindow::BackBuffer()
