@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <vector>
@@ -18,7 +19,14 @@
 namespace Ostrel::Common
 {
 
-/// The subscribers of one object, in the order of subscription.
+namespace
+{
+
+constexpr std::uintptr_t kIsSingle = 1; // sinks are aligned, so that the bit is free
+
+} // namespace
+
+/// The subscribers of an object that has had several, in the order of subscription.
 class CDataObject::SinkList
 {
 public:
@@ -48,6 +56,23 @@ public:
         std::vector<ISink*> m_many;
         std::size_t m_count = 0;
     };
+
+    SinkList(ISink* first, ISink* second) : m_sinks{first, second} {}
+
+    /// What the word of an object means: at most one of both is not null.
+    static SinkList* In(std::uintptr_t word) noexcept
+    {
+        return (word & kIsSingle) == 0 ? reinterpret_cast<SinkList*>(word) : nullptr;
+    }
+    static ISink* SingleIn(std::uintptr_t word) noexcept
+    {
+        return (word & kIsSingle) != 0 ? reinterpret_cast<ISink*>(word & ~kIsSingle) : nullptr;
+    }
+    static std::uintptr_t WordOf(ISink* single) noexcept
+    {
+        static_assert(alignof(ISink) > kIsSingle);
+        return reinterpret_cast<std::uintptr_t>(single) | kIsSingle;
+    }
 
     void Add(ISink* sink)
     {
@@ -91,54 +116,78 @@ void CDataObject::ISink::OnDelete(CDataObject const* /*object*/) {}
 CDataObject::~CDataObject()
 {
     NotifyDelete();
-    delete m_sinks.load(std::memory_order_acquire);
+    delete SinkList::In(m_sinks.load(std::memory_order_acquire));
 }
 
 // Subscription and notification
 
-CDataObject::SinkList& CDataObject::NeedSinks()
+bool CDataObject::ReplaceSinks(std::uintptr_t before, std::uintptr_t now) noexcept
 {
-    SinkList* sinks = m_sinks.load(std::memory_order_acquire);
-    if (sinks == nullptr)
+    return m_sinks.compare_exchange_strong(before, now, std::memory_order_acq_rel);
+}
+
+bool CDataObject::AddSecondSink(std::uintptr_t word, ISink* second)
+{
+    auto list = std::make_unique<SinkList>(SinkList::SingleIn(word), second);
+    bool const isAdded = ReplaceSinks(word, reinterpret_cast<std::uintptr_t>(list.get()));
+    if (isAdded)
     {
-        auto made = std::make_unique<SinkList>();
-        if (m_sinks.compare_exchange_strong(sinks, made.get(), std::memory_order_acq_rel))
-        {
-            sinks = made.release();
-        }
+        static_cast<void>(list.release());
     }
-    return *sinks;
+    return isAdded;
 }
 
 void CDataObject::AddSink(ISink* sink)
 {
-    if (sink != nullptr)
+    for (bool isDone = sink == nullptr; !isDone;)
     {
-        NeedSinks().Add(sink);
+        std::uintptr_t const word = m_sinks.load(std::memory_order_acquire);
+        if (SinkList* const list = SinkList::In(word))
+        {
+            list->Add(sink);
+            isDone = true;
+        }
+        else if (word == 0)
+        {
+            isDone = ReplaceSinks(0, SinkList::WordOf(sink));
+        }
+        else
+        {
+            isDone = SinkList::SingleIn(word) == sink || AddSecondSink(word, sink);
+        }
     }
 }
 
 void CDataObject::RemoveSink(ISink* sink)
 {
-    if (SinkList* const sinks = m_sinks.load(std::memory_order_acquire))
+    std::uintptr_t word = m_sinks.load(std::memory_order_acquire);
+    // A list may have come in between; it never goes.
+    if (sink != nullptr && word == SinkList::WordOf(sink) && !ReplaceSinks(word, 0))
     {
-        sinks->Remove(sink);
+        word = m_sinks.load(std::memory_order_acquire);
+    }
+    if (SinkList* const list = SinkList::In(word))
+    {
+        list->Remove(sink);
     }
 }
 
 template <class Call>
 void CDataObject::ForEachSink(Call const& call) const
 {
-    SinkList* const sinks = m_sinks.load(std::memory_order_acquire);
-    if (sinks == nullptr)
+    std::uintptr_t const word = m_sinks.load(std::memory_order_acquire);
+    if (ISink* const single = SinkList::SingleIn(word))
     {
-        return;
+        call(*single);
     }
-    SinkList::Copy copy;
-    sinks->CopyTo(copy);
-    for (ISink* const sink : copy.Sinks())
+    else if (SinkList* const list = SinkList::In(word))
     {
-        call(*sink);
+        SinkList::Copy copy;
+        list->CopyTo(copy);
+        for (ISink* const sink : copy.Sinks())
+        {
+            call(*sink);
+        }
     }
 }
 
@@ -154,14 +203,22 @@ void CDataObject::NotifyUpdate(std::set<long> const& fids)
 
 void CDataObject::NotifyDelete()
 {
-    SinkList* const sinks = m_sinks.load(std::memory_order_acquire);
-    if (sinks == nullptr)
+    std::uintptr_t word = m_sinks.load(std::memory_order_acquire);
+    while (ISink* const single = SinkList::SingleIn(word))
     {
-        return;
+        if (ReplaceSinks(word, 0))
+        {
+            single->OnDelete(this);
+            return;
+        }
+        word = m_sinks.load(std::memory_order_acquire);
     }
-    for (ISink* const sink : sinks->TakeAll())
+    if (SinkList* const list = SinkList::In(word))
     {
-        sink->OnDelete(this);
+        for (ISink* const sink : list->TakeAll())
+        {
+            sink->OnDelete(this);
+        }
     }
 }
 

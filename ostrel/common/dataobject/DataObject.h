@@ -2,11 +2,12 @@
 // field map, and calls NotifyUpdate when a value changes. Everybody else reads and writes the data by field number and
 // subscribes to changes.
 //
-// The object holds no values of its own, only its subscribers: two words, until somebody subscribes. Reading a field
-// never locks and never allocates. The values themselves are not locked; that is the application's business.
+// The object holds no values of its own, only its subscribers: two words, until a second one subscribes. Reading a
+// field never locks and never allocates. The values themselves are not locked; that is the application's business.
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <set>
 #include <string>
 #include <utility>
@@ -157,10 +158,13 @@ private:
     void ForEachSink(Call const& call) const;
     void Store(CSerializer& serializer);
     void Restore(CSerializer& serializer);
-    SinkList& NeedSinks();
+    bool ReplaceSinks(std::uintptr_t before, std::uintptr_t now) noexcept;
+    /// For a word that holds a single sink: a list of it and another takes its place. False if the word has changed.
+    bool AddSecondSink(std::uintptr_t word, ISink* second);
 
-    /// Made by the first subscription, then kept.
-    std::atomic<SinkList*> m_sinks{nullptr};
+    /// 0; or the only sink, with bit 0 set; or the list of the sinks, which is made by the second subscription and then
+    /// kept. Nearly every object has one sink or none, and there are many objects: those need no list and no lock.
+    std::atomic<std::uintptr_t> m_sinks{0};
 };
 
 } // namespace Ostrel::Common
