@@ -73,8 +73,28 @@ function(ostrel_test target)
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
     TEST_LIST ${target}_tests PROPERTIES TIMEOUT ${ARG_TIMEOUT})
   # A list of labels does not survive as one of the PROPERTIES above.
-  set(labels "${CMAKE_CURRENT_BINARY_DIR}/${target}_labels.cmake")
-  file(CONFIGURE OUTPUT "${labels}" @ONLY
-    CONTENT "set_tests_properties(\${@target@_tests} PROPERTIES LABELS \"@ARG_LABELS@\")\n")
-  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${labels}")
+  ostrel_sanitizer_environment(environment)
+  set(properties "${CMAKE_CURRENT_BINARY_DIR}/${target}_properties.cmake")
+  file(CONFIGURE OUTPUT "${properties}" @ONLY CONTENT
+    "set_tests_properties(\${@target@_tests} PROPERTIES LABELS \"@ARG_LABELS@\" ENVIRONMENT \"@environment@\")\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${properties}")
+endfunction()
+
+# ostrel_command_test(<name> LABELS ... COMMAND ... [TIMEOUT s]): a CTest test that is a command.
+function(ostrel_command_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "LABELS;COMMAND" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  ostrel_sanitizer_environment(environment)
+  add_test(NAME ${name} COMMAND ${ARG_COMMAND})
+  set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "${environment}")
+endfunction()
+
+# What the sanitizers are not to report: faults of libraries that are not ours.
+function(ostrel_sanitizer_environment variable)
+  set(folder "${PROJECT_SOURCE_DIR}/tests/sanitizers")
+  set(${variable}
+    "LSAN_OPTIONS=suppressions=${folder}/leaks.txt:print_suppressions=0"
+    "TSAN_OPTIONS=suppressions=${folder}/threads.txt" PARENT_SCOPE)
 endfunction()
