@@ -7,8 +7,6 @@
 #include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/header/Column.h>
-#include <ostrel/gui/paint/CustomDraw.h>
-#include <ostrel/platform/base/Clock.h>
 
 #include "GridFixture.h"
 
@@ -186,85 +184,6 @@ TEST_F(CrossThreadTest, SnapshotsAreReadOnTheNotifyingThreadOnly)
     EXPECT_EQ(Grid().GetFormattedStlString(item, kQuantity), "42");
     EXPECT_EQ(object.readers, 2) << "never on the grid's thread";
     Grid().Delete(&object);
-}
-
-/// Writes down the longest time between two paints.
-class PaintWatch : public CCustomDraw
-{
-public:
-    PaintWatch() : CCustomDraw(false) {}
-
-    void DrawHeader(CHeaderPaintInfo& info, CPaintContext const& context, unsigned int filter) override
-    {
-        Note();
-        CCustomDraw::DrawHeader(info, context, filter);
-    }
-    void DrawLine(CGridLine& line, CPaintContext const& context, unsigned int filter) override
-    {
-        Note();
-        CCustomDraw::DrawLine(line, context, filter);
-    }
-    void Note()
-    {
-        std::int64_t const nowMs = Platform::Clock::Milliseconds();
-        longestMs = std::max(longestMs, nowMs - std::exchange(m_lastMs, nowMs));
-    }
-
-    std::int64_t longestMs = 0;
-
-private:
-    std::int64_t m_lastMs = Platform::Clock::Milliseconds();
-};
-
-TEST_F(CrossThreadTest, AFloodIsDeliveredWholeAndInOrderAndPaintedMeanwhile)
-{
-    constexpr int kThreads = 4;
-    constexpr int kUpdates = 5000;
-    constexpr int kObjects = 40;
-    grid.AddMany(kObjects);
-    std::vector<TestObject*> objects;
-    for (int i = 0; i < kObjects; ++i)
-    {
-        objects.push_back(&grid.Object("row" + std::to_string(i)));
-    }
-    SortByPrice();
-    PaintWatch paints;
-    Grid().SetCustomDraw(&paints);
-    driver.RunUntilIdle();
-    int delivered = 0;
-    // Every delivered update takes a millisecond of the clock that stands otherwise.
-    grid.Notifications().onNotification = [&](std::string const& line)
-    {
-        if (line.starts_with("ItemUpdated"))
-        {
-            ++delivered;
-            Platform::Clock::Advance(1);
-        }
-        grid.Notifications().Clear();
-    };
-    Workers workers(std::chrono::seconds(100));
-    workers.AddMany(kThreads, "feeds",
-                    [&](int number)
-                    {
-                        unsigned random = 17U + static_cast<unsigned>(number);
-                        for (int i = 0; i < kUpdates; ++i)
-                        {
-                            random = random * 1664525U + 1013904223U;
-                            objects[(random >> 8U) % kObjects]->SetPrice((random >> 4U) % 1000);
-                        }
-                    });
-    workers.Run();
-    driver.RunUntilIdle();
-    EXPECT_EQ(delivered, kThreads * kUpdates);
-    EXPECT_LE(paints.longestMs, 50);
-    double last = -1;
-    for (int row = 0; row < kObjects; ++row)
-    {
-        double const price = Grid().GetDataObject(row, ScrollableContext)->GetDouble(kPrice);
-        EXPECT_LE(last, price) << "row " << row;
-        last = price;
-    }
-    Grid().SetCustomDraw(nullptr);
 }
 } // namespace
 } // namespace Ostrel::Testing
