@@ -80,17 +80,18 @@ ThreadState::~ThreadState()
 
 Window* ThreadState::Find(HWND handle) noexcept
 {
-    if (m_lastFound != nullptr && m_lastFound->handle == handle)
+    Window*& lastFound = LastFound(handle);
+    if (lastFound != nullptr && lastFound->handle == handle)
     {
-        return m_lastFound;
+        return lastFound;
     }
     auto const found = m_windows.find(TokenOf(handle));
     if (found == m_windows.end())
     {
         return nullptr;
     }
-    m_lastFound = found->second.get();
-    return m_lastFound;
+    lastFound = found->second.get();
+    return lastFound;
 }
 
 Window& ThreadState::AddWindow()
@@ -114,7 +115,7 @@ void ThreadState::RemoveWindow(HWND handle)
     }
     painter.Forget(*window);
     std::erase(window->parent != nullptr ? window->parent->children : m_topLevels, window);
-    m_lastFound = nullptr;
+    LastFound(handle) = nullptr;
     m_windows.erase(TokenOf(handle));
 }
 

@@ -1,6 +1,7 @@
 // Everything about windows that belongs to one thread: its windows, timers, input, what is to be painted, its display.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <unordered_map>
@@ -66,9 +67,12 @@ public:
 
 private:
     void Serve(SentMessage& sent);
+    [[nodiscard]] Window*& LastFound(HWND handle) noexcept { return m_lastFound[TokenOf(handle) % m_lastFound.size()]; }
 
     std::unordered_map<DWORD, std::unique_ptr<Window>> m_windows;
-    Window* m_lastFound = nullptr; ///< handles come in runs
+    /// The windows that were found last, by the low bits of their tokens: a message passes between few windows, but
+    /// asks for each of them many times.
+    std::array<Window*, 8> m_lastFound{};
     std::vector<Window*> m_topLevels;
     std::unique_ptr<Display> m_display;
 };
