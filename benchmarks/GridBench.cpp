@@ -30,6 +30,7 @@ std::unique_ptr<QuoteRows> MakeRows(std::int64_t count)
 {
     auto rows = std::make_unique<QuoteRows>(static_cast<std::size_t>(count));
     rows->AddAll();
+    ProcessPending();
     return rows;
 }
 
@@ -66,6 +67,7 @@ void BytesARow(benchmark::State& state)
         QuoteRows rows(kMillion);
         double const before = ResidentBytes();
         rows.AddAll();
+        ProcessPending();
         malloc_trim(0);
         double const plain = ResidentBytes();
         LoopTurns turns;
@@ -91,7 +93,12 @@ void AddOneByOne(benchmark::State& state)
     QuoteRows rows(static_cast<std::size_t>(state.range(0)));
     int const repeats = state.range(0) == kThousand ? 51 : 3;
     Measure(
-        state, {.things = state.range(0), .repeats = repeats}, [&] { rows.Grid().DeleteAll(AllContexts); },
+        state, {.things = state.range(0), .repeats = repeats},
+        [&]
+        {
+            rows.Grid().DeleteAll(AllContexts);
+            ProcessPending();
+        },
         [&] { rows.AddAll(); });
     Check(state, rows);
 }
@@ -172,7 +179,13 @@ void DeleteAll(benchmark::State& state)
         ProcessPending();
     };
     Measure(
-        state, {.things = kMillion, .repeats = 3}, [&] { rows.AddAll(); }, deleteAll);
+        state, {.things = kMillion, .repeats = 3},
+        [&]
+        {
+            rows.AddAll();
+            ProcessPending();
+        },
+        deleteAll);
     if (rows.Grid().GetRowCount(ScrollableContext) != 0)
     {
         state.SkipWithError("rows are left");

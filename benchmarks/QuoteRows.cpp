@@ -275,7 +275,6 @@ void QuoteRows::AddAll()
         m_grid.Add(&quote, ScrollableRoot, LastPosition);
         turns.AfterChange();
     }
-    Platform::ProcessPending();
 }
 
 void QuoteRows::Sort(std::initializer_list<CSortInfo> levels)
