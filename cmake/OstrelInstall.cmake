@@ -16,7 +16,7 @@ if(OSTREL_BUILD_GUI)
 endif()
 foreach(folder IN LISTS folders)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/ostrel/${folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ostrel/${folder}
-    FILES_MATCHING PATTERN "*.h" PATTERN "x11" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN "x11" EXCLUDE PATTERN "text" EXCLUDE)
 endforeach()
 foreach(umbrella IN LISTS umbrellas)
   install(FILES ${PROJECT_SOURCE_DIR}/ostrel/${umbrella} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ostrel)

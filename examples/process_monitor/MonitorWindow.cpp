@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Dump.h"
+#include "MonitorDraw.h"
 
 namespace ProcessMonitor
 {
@@ -27,7 +28,7 @@ struct ColumnPlan
 };
 
 constexpr ColumnPlan kColumns[] = {
-    {CProcess::kName, 220, CColumn::AlignLeft, "The kernel's name of the process"},
+    {CProcess::kName, 260, CColumn::AlignLeft, "The kernel's name of the process"},
     {CProcess::kPid, 70, CColumn::AlignRight, "Process number"},
     {CProcess::kParentPid, 70, CColumn::AlignRight, "Number of the parent process"},
     {CProcess::kUser, 90, CColumn::AlignLeft, "Effective user"},
@@ -60,7 +61,8 @@ bool CMonitorWindow::Open(std::string& whatIsWrong)
     }
     SetClientWindow(&m_grid);
     AddColumns();
-    ApplyLook();
+    ApplyMonitorLook(m_grid);
+    m_grid.SetCalmView(true);
     if (!ApplySort(whatIsWrong))
     {
         return false;
@@ -86,23 +88,6 @@ void CMonitorWindow::AddColumns()
                                 nullptr, plan.description));
     }
     m_grid.SetHeader(header); // which deletes itself with the grid
-}
-
-void CMonitorWindow::ApplyLook()
-{
-    CAppearance appearance;
-    appearance.SetBackOddColor(RGB(0xFF, 0xFF, 0xFF));
-    appearance.SetBackEvenColor(RGB(0xF6, 0xF8, 0xFB));
-    appearance.SetTextOddColor(RGB(0x1F, 0x23, 0x28));
-    appearance.SetTextEvenColor(RGB(0x1F, 0x23, 0x28));
-    appearance.SetSelectedLineColor(CColorBlend(RGB(0x2F, 0x6F, 0xDE), 56));
-    appearance.SetFocusedLineColor(CColorBlend(RGB(0x2F, 0x6F, 0xDE), 24));
-    appearance.SetSortedColumnColor(CColorBlend(RGB(0x50, 0x70, 0xA0), 16));
-    m_grid.SetAppearance(appearance);
-    constexpr COLORREF kFlash = RGB(0xFF, 0xB0, 0x20);
-    m_grid.SetHighlightSettings(CHighlightSettings(1500, kFlash, kFlash, 150, 150, 40, CHighlightSettings::BackFading));
-    m_grid.AllowHighlight(true);
-    m_grid.SetCalmView(true);
 }
 
 bool CMonitorWindow::ApplySort(std::string& whatIsWrong)

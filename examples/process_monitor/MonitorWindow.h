@@ -26,7 +26,6 @@ protected:
 private:
     void AddColumns();
     bool ApplySort(std::string& whatIsWrong);
-    void ApplyLook();
     void SwitchShape();
     void StartToEnd();
     void OnWorkerStopped();

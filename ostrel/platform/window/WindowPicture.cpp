@@ -1,7 +1,6 @@
-#include <ostrel/platform/window/WindowPicture.h>
-
 #include <ostrel/platform/drawing/Surface.h>
 #include <ostrel/platform/window/WindowApi.h>
+#include <ostrel/platform/window/WindowPicture.h>
 #include <ostrel/platform/window/detail/ThreadState.h>
 
 namespace Ostrel::Platform
