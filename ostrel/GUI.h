@@ -4,6 +4,9 @@
 
 #include <ostrel/Common.h>
 #include <ostrel/gui/AutoDelete.h>
+#include <ostrel/gui/clipboard/CopyPasteSettings.h>
+#include <ostrel/gui/clipboard/DragDropSettings.h>
+#include <ostrel/gui/edit/EditInPlaceSettings.h>
 #include <ostrel/gui/grid/ContextType.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/GridItem.h>
@@ -41,6 +44,7 @@
 #include <ostrel/gui/paint/PaintHelper.h>
 #include <ostrel/gui/paint/PaintInfo.h>
 #include <ostrel/gui/paint/ProgressCellPaintFormat.h>
+#include <ostrel/gui/tooltip/TooltipSettings.h>
 #include <ostrel/platform/drawing/Bitmap.h>
 #include <ostrel/platform/drawing/Brush.h>
 #include <ostrel/platform/drawing/DeviceContext.h>

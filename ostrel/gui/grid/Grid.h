@@ -25,6 +25,7 @@
 #include <ostrel/platform/base/String.h>
 #include <ostrel/platform/window/Wnd.h>
 
+class CArchive;
 class CFont;
 class CImageList;
 
@@ -40,10 +41,14 @@ namespace Ostrel::GUI
 class CAppearance;
 class CBackgroundImage;
 class CColumn;
+class CCopyPasteSettings;
+class CDragDropSettings;
+class CEditInPlaceSettings;
 class CGridItem;
 class CHeader;
 class CHighlightSettings;
 class CSortInfo;
+class CTooltipSettings;
 class ICustomDraw;
 class IGridFilter;
 class IKeyManager;
@@ -328,6 +333,36 @@ public:
     void SetFont(CFont* font, BOOL redraw = TRUE);
     /// The grid's own font, null when it uses the preferences' font.
     CFont* GetFont() const;
+
+    // --- Settings of its parts ---
+
+    void AllowCopyPaste(bool allow);
+    bool IsCopyPasteAllowed() const;
+    CCopyPasteSettings& GetCopyPasteSettings();
+    CCopyPasteSettings const& GetCopyPasteSettings() const;
+    void SetCopyPasteSettings(CCopyPasteSettings const& settings);
+    void AllowDragAndDrop(bool allow);
+    bool IsDragAndDropAllowed() const;
+    CDragDropSettings& GetDragDropSettings();
+    CDragDropSettings const& GetDragDropSettings() const;
+    void SetDragDropSettings(CDragDropSettings const& settings);
+    CEditInPlaceSettings& GetEditInPlaceSettings();
+    CEditInPlaceSettings const& GetEditInPlaceSettings() const;
+    void SetEditInPlaceSettings(CEditInPlaceSettings const& settings);
+    CTooltipSettings& GetTooltipSettings();
+    CTooltipSettings const& GetTooltipSettings() const;
+    void SetTooltipSettings(CTooltipSettings const& settings);
+    CTooltipSettings& GetInPlaceTooltipSettings();
+    CTooltipSettings const& GetInPlaceTooltipSettings() const;
+    void SetInPlaceTooltipSettings(CTooltipSettings const& settings);
+
+    // --- Persistence ---
+
+    /// The header and all settings, but no rows. Loading replaces the header by a new one of the stored class (the old
+    /// one is deleted if its AutoDelete() says so), clears the focus and sorts. Throws CArchiveException by pointer,
+    /// badSchema for a newer version; the grid is then as it was before.
+    void Serialize(CArchive& archive) override;
+    [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
     // CWnd
     BOOL PreTranslateMessage(MSG* message) override;

@@ -20,6 +20,7 @@
 #include <ostrel/gui/grid/detail/GridThread.h>
 #include <ostrel/gui/grid/detail/GridUpdates.h>
 #include <ostrel/gui/grid/detail/GridView.h>
+#include <ostrel/gui/grid/detail/PartSettings.h>
 #include <ostrel/gui/grid/detail/RepaintSchedule.h>
 #include <ostrel/gui/grid/detail/TypeAhead.h>
 
@@ -73,6 +74,8 @@ public:
     IKeyManager* keyManager = nullptr;
     ICustomDraw* customDraw = nullptr;
     [[nodiscard]] IKeyManager& KeyManagerInUse() const;
+
+    PartSettings parts;
 
     [[nodiscard]] bool IsCalm() const noexcept { return m_isCalm; }
     void SetCalm(bool calm) noexcept { m_isCalm = calm; }

@@ -37,16 +37,19 @@ GridLooks::GridLooks(GridCore& core) : appearance(CPreferences::GetDefaultAppear
 void GridLooks::SetFont(CFont const* font)
 {
     LOGFONT description{};
-    if (font == nullptr || font->GetLogFont(&description) == 0)
-    {
-        m_font.reset();
-    }
-    else
+    bool const isKnown = font != nullptr && font->GetLogFont(&description) != 0;
+    RestoreFont(isKnown ? &description : nullptr);
+    MeasureHeights();
+}
+
+void GridLooks::RestoreFont(LOGFONT const* description)
+{
+    m_font.reset();
+    if (description != nullptr)
     {
         m_font = std::make_unique<CFont>();
-        m_font->CreateFontIndirect(&description);
+        m_font->CreateFontIndirect(description);
     }
-    MeasureHeights();
 }
 
 CFont* GridLooks::FontInUse() const

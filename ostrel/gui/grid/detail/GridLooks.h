@@ -41,6 +41,8 @@ public:
 
     /// Copies the font; null goes back to the preferences' font.
     void SetFont(CFont const* font);
+    /// The same without asking for the heights that suit it.
+    void RestoreFont(LOGFONT const* description);
     [[nodiscard]] CFont* OwnFont() const noexcept { return m_font.get(); }
     [[nodiscard]] CFont* FontInUse() const;
     [[nodiscard]] ICustomDraw& CustomDrawInUse() const;

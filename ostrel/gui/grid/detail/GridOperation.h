@@ -117,6 +117,18 @@ enum class GridOperation : WPARAM
     GetNavigationColumn = 114,
     GetHierarchicalColumn = 115,
     EnsureColumnVisible = 116,
+    GetTooltipSettings = 123,
+    SetTooltipSettings = 124,
+    GetInPlaceTooltipSettings = 127,
+    SetInPlaceTooltipSettings = 128,
+    GetCopyPasteSettings = 137,
+    SetCopyPasteSettings = 138,
+    AllowCopyPaste = 139,
+    IsCopyPasteAllowed = 140,
+    GetDragDropSettings = 144,
+    SetDragDropSettings = 145,
+    AllowDragAndDrop = 146,
+    IsDragAndDropAllowed = 147,
     SetSortedContext = 148,
     GetSortedContext = 149,
     AllowSort = 150,
@@ -142,6 +154,9 @@ enum class GridOperation : WPARAM
     GetOptimalRowHeight = 170,
     GetOptimalCellWidth = 171,
     Navigate = 174,
+    GetEditInPlaceSettings = 186,
+    SetEditInPlaceSettings = 187,
+    Serialize = 189,
     CalmView = 190, // this library's own
 };
 
@@ -154,8 +169,9 @@ constexpr bool IsCarriedCall(WPARAM code) noexcept
         WPARAM last;
     };
     // Not in use, posted, or of parts that a grid does not have.
-    constexpr Range kOthers[] = {{0, 2},   {4, 4},     {6, 6},     {47, 48},   {73, 73},  {80, 80},
-                                 {86, 86}, {108, 108}, {117, 147}, {172, 173}, {175, 189}};
+    constexpr Range kOthers[] = {{0, 2},     {4, 4},     {6, 6},     {47, 48},   {73, 73},
+                                 {80, 80},   {86, 86},   {108, 108}, {117, 122}, {125, 126},
+                                 {129, 136}, {141, 143}, {172, 173}, {175, 185}, {188, 188}};
     for (Range const& range : kOthers)
     {
         if (code >= range.first && code <= range.last)

@@ -1,0 +1,78 @@
+// How the tip over a cell looks, when it comes and where. A plain value.
+#pragma once
+
+#include <ostrel/platform/base/Export.h>
+#include <ostrel/platform/base/Geometry.h>
+#include <ostrel/platform/base/Types.h>
+
+class CArchive;
+
+namespace Ostrel::GUI
+{
+
+class OSTREL_GUI_API CTooltipSettings
+{
+public:
+    /// On which side of the pointer.
+    enum Position : int
+    {
+        PositionAbove = 0,
+        PositionBelow = 1,
+        PositionLeft = 2,
+        PositionRight = 3,
+    };
+    enum Mode : int
+    {
+        ModeImmediate = 0, ///< as soon as the pointer is over a cell that has a tip
+        ModeDelayed = 1,   ///< after it has rested for the delay
+    };
+
+    /// The system's colours of tips, 500 and 10000 milliseconds, a margin of a pixel, above, delayed.
+    CTooltipSettings();
+
+    /// 0x00BBGGRR.
+    [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor; }
+    void SetBackColor(unsigned long color) noexcept { m_backColor = static_cast<COLORREF>(color); }
+    [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor; }
+    void SetTextColor(unsigned long color) noexcept { m_textColor = static_cast<COLORREF>(color); }
+    [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor; }
+    void SetBorderColor(unsigned long color) noexcept { m_borderColor = static_cast<COLORREF>(color); }
+    /// Milliseconds that the pointer rests before the tip comes, and that the tip stays.
+    [[nodiscard]] int GetDelay() const noexcept { return m_delayMs; }
+    void SetDelay(int milliseconds) noexcept { m_delayMs = milliseconds; }
+    [[nodiscard]] int GetDisappearDelay() const noexcept { return m_disappearDelayMs; }
+    void SetDisappearDelay(int milliseconds) noexcept { m_disappearDelayMs = milliseconds; }
+    /// From the pointer, in pixels.
+    [[nodiscard]] CSize GetToolTipOffset() const noexcept { return m_toolTipOffset; }
+    void SetToolTipOffset(CSize size) noexcept { m_toolTipOffset = size; }
+    [[nodiscard]] CSize GetTextMargin() const noexcept { return m_textMargin; }
+    void SetTextMargin(CSize size) noexcept { m_textMargin = size; }
+    [[nodiscard]] Position GetPosition() const noexcept { return m_position; }
+    void SetPosition(Position position) noexcept { m_position = position; }
+    [[nodiscard]] Mode GetMode() const noexcept { return m_mode; }
+    void SetMode(Mode mode) noexcept { m_mode = mode; }
+
+    friend bool operator==(CTooltipSettings const&, CTooltipSettings const&) noexcept = default;
+
+    /// 48 bytes: the 32-bit version, then the fields in the order above, a byte for a switch and 32 bits for anything
+    /// else. Loading throws CArchiveException (badSchema) for a newer version; a version below 1 reads nothing further.
+    /// Nothing changes in either case.
+    void Serialize(CArchive& archive);
+    [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
+
+private:
+    void Store(CArchive& archive) const;
+    void Load(CArchive& archive);
+
+    COLORREF m_backColor;
+    COLORREF m_textColor;
+    COLORREF m_borderColor;
+    INT m_delayMs = 500;
+    INT m_disappearDelayMs = 10000;
+    CSize m_toolTipOffset{0, 0};
+    CSize m_textMargin{1, 1};
+    Position m_position = PositionAbove;
+    Mode m_mode = ModeDelayed;
+};
+
+} // namespace Ostrel::GUI
