@@ -99,6 +99,37 @@ struct Rows
     std::vector<CGridItem*> items;
 };
 
+std::int64_t ResidentBytes()
+{
+    std::ifstream file("/proc/self/statm");
+    std::int64_t pages = 0;
+    file >> pages >> pages;
+    return pages * sysconf(_SC_PAGESIZE);
+}
+
+/// Runs first, while the process holds no freed memory that rows could take without growing it.
+void BytesARow(benchmark::State& state)
+{
+    constexpr std::size_t kRows = 1'000'000;
+    for (auto _ : state)
+    {
+        auto rows = std::make_unique<Rows>(0, kByLast);
+        rows->quotes = Quotes(kRows);
+        rows->items.assign(kRows, nullptr);
+        std::int64_t const before = ResidentBytes();
+        rows->AddAll();
+        std::int64_t const plain = ResidentBytes();
+        for (CGridItem* const item : rows->items)
+        {
+            item->Updates().FindOrAdd(3, 1);
+        }
+        state.counters["plain"] = static_cast<double>(plain - before) / kRows;
+        state.counters["one_updated_field"] = static_cast<double>(ResidentBytes() - before) / kRows;
+        state.SetIterationTime(0);
+    }
+}
+OSTREL_BENCHMARK(BytesARow);
+
 void AddRows(benchmark::State& state)
 {
     Rows rows(static_cast<std::size_t>(state.range(0)),
@@ -286,37 +317,6 @@ void DeleteAll(benchmark::State& state)
         [&] { rows.area.DestroyAll(); });
 }
 OSTREL_BENCHMARK(DeleteAll)->Unit(benchmark::kMillisecond);
-
-std::int64_t ResidentBytes()
-{
-    std::ifstream file("/proc/self/statm");
-    std::int64_t pages = 0;
-    file >> pages >> pages;
-    return pages * sysconf(_SC_PAGESIZE);
-}
-
-/// Runs first, while the process holds no freed memory that rows could take without growing it.
-void BytesARow(benchmark::State& state)
-{
-    constexpr std::size_t kRows = 1'000'000;
-    for (auto _ : state)
-    {
-        auto rows = std::make_unique<Rows>(0, kByLast);
-        rows->quotes = Quotes(kRows);
-        rows->items.assign(kRows, nullptr);
-        std::int64_t const before = ResidentBytes();
-        rows->AddAll();
-        std::int64_t const plain = ResidentBytes();
-        for (CGridItem* const item : rows->items)
-        {
-            item->Updates().FindOrAdd(3, 1);
-        }
-        state.counters["plain"] = static_cast<double>(plain - before) / kRows;
-        state.counters["one_updated_field"] = static_cast<double>(ResidentBytes() - before) / kRows;
-        state.SetIterationTime(0);
-    }
-}
-OSTREL_BENCHMARK(BytesARow);
 
 } // namespace
 } // namespace Ostrel::Benchmarks
