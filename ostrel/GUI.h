@@ -11,6 +11,7 @@
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/GridItem.h>
 #include <ostrel/gui/grid/GridNotifications.h>
+#include <ostrel/gui/grid/Hooker.h>
 #include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/grid/IKeyManager.h>
 #include <ostrel/gui/grid/KeyManager.h>
@@ -64,6 +65,7 @@
 #include <ostrel/platform/window/MessageLoop.h>
 #include <ostrel/platform/window/Messages.h>
 #include <ostrel/platform/window/PaintDC.h>
+#include <ostrel/platform/window/SystemParameters.h>
 #include <ostrel/platform/window/VirtualKeys.h>
 #include <ostrel/platform/window/WindowApi.h>
 #include <ostrel/platform/window/WindowPicture.h>

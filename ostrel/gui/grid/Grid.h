@@ -238,6 +238,10 @@ public:
     /// removed, moved or filtered, and the focus of a row that disappears goes to its next neighbour.
     void SetCalmView(bool calm);
     bool IsCalmView() const;
+    /// Order freeze, off by default: while the left button is down in the grid, and while the user scrolls it, updates
+    /// move no rows of a sorted grid; they go to their places afterwards.
+    void SetOrderFreeze(bool freeze);
+    bool IsOrderFreeze() const;
 
     // --- Updates and repainting ---
 

@@ -428,4 +428,14 @@ bool CGrid::IsCalmView() const
 {
     return m_core->Thread().Call<GridOperation::CalmView>(false, [&]() { return m_core->IsCalm(); });
 }
+
+void CGrid::SetOrderFreeze(bool freeze)
+{
+    m_core->Thread().Call<GridOperation::OrderFreeze>([&]() { m_core->Freeze().Allow(freeze); });
+}
+
+bool CGrid::IsOrderFreeze() const
+{
+    return m_core->Thread().Call<GridOperation::OrderFreeze>(false, [&]() { return m_core->Freeze().IsAllowed(); });
+}
 } // namespace Ostrel::GUI

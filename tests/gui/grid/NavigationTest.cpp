@@ -176,6 +176,7 @@ TEST_F(NavigationTest, ACaptionsEdgeResizesItsColumn)
     EXPECT_EQ(grid.ColumnsText(), "Name:100,Price:105,Quantity:60");
     EXPECT_EQ(grid.SortText(), "sort=-");
     grid.Header().AllowColumnResize(false);
+    grid.Header().AllowScrollableColumnMove(false);
     grid.DragCaptionEdge("Price", 25);
     EXPECT_EQ(grid.ColumnsText(), "Name:100,Price:105,Quantity:60");
 }

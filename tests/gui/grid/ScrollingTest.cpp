@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include <ostrel/platform/window/SystemParameters.h>
+
 #include "GridFixture.h"
 
 namespace Ostrel::Testing
@@ -51,6 +53,31 @@ TEST_F(ScrollingTest, LinesPagesAndEnds)
     EXPECT_EQ(First(), 3);
     grid.Wheel(2);
     EXPECT_EQ(First(), 0);
+}
+
+TEST_F(ScrollingTest, ANotchOfTheWheelScrollsWhatTheUserWants)
+{
+    struct Setting
+    {
+        explicit Setting(UINT lines) { SystemParametersInfo(SPI_SETWHEELSCROLLLINES, lines, nullptr, 0); }
+        ~Setting() { SystemParametersInfo(SPI_SETWHEELSCROLLLINES, 3, nullptr, 0); }
+    };
+    struct Case
+    {
+        UINT lines;
+        int firstRow;
+    };
+    for (Case const& each : {Case{1, 2}, Case{5, 10}, Case{0, 0}, Case{WHEEL_PAGESCROLL, 2 * (page - 1)}})
+    {
+        Setting const setting(each.lines);
+        GridWindow other(driver, {.title = "Other"});
+        other.AddMany(100);
+        driver.RunUntilIdle();
+        other.Wheel(-2);
+        EXPECT_EQ(other.Grid().GetFirstVisibleRow(), each.firstRow) << each.lines;
+        other.Wheel(3);
+        EXPECT_EQ(other.Grid().GetFirstVisibleRow(), 0) << each.lines;
+    }
 }
 
 TEST_F(ScrollingTest, TheBarFollowsTheRows)

@@ -36,7 +36,8 @@ GridCore::GridCore(CGrid& grid)
       m_repaints(*this),
       m_updates(*this),
       m_mouse(*this),
-      m_search(*this)
+      m_search(*this),
+      m_freeze(*this)
 {
     Dispatcher::Instance().EnsureWindow();
 }
@@ -106,6 +107,7 @@ void GridCore::FinishCreation()
     CRect client;
     m_grid.GetClientRect(&client);
     m_view.SetClientSize(client.Size());
+    m_scroller.ReadWheelLines();
     m_looks.GrowRowHeights();
     m_looks.RebuildBuffers();
     m_scroller.OnResized();
@@ -122,11 +124,12 @@ void GridCore::OnDestroy()
 {
     m_rows.DeleteAll(AllContexts);
     for (UINT_PTR const timerId :
-         {RepaintTimer, MouseSelectionTimer, LayoutTimer, EnsureVisibleTimer, ColumnResizeTimer})
+         {RepaintTimer, MouseSelectionTimer, LayoutTimer, EnsureVisibleTimer, ColumnResizeTimer, OrderFreezeTimer})
     {
         m_grid.KillTimer(timerId);
     }
     m_repaints.OnDestroy();
+    m_freeze.OnDestroy();
     m_looks.DropBuffers();
     m_thread.Unbind();
     m_isCreated = false;
@@ -148,6 +151,9 @@ void GridCore::OnTimer(UINT_PTR timerId)
         break;
     case EnsureVisibleTimer:
         m_scroller.OnEnsureVisibleTimer();
+        break;
+    case OrderFreezeTimer:
+        m_freeze.OnTimer();
         break;
     case ColumnResizeTimer:
         m_grid.KillTimer(timerId);

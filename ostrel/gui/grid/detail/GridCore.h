@@ -20,6 +20,7 @@
 #include <ostrel/gui/grid/detail/GridThread.h>
 #include <ostrel/gui/grid/detail/GridUpdates.h>
 #include <ostrel/gui/grid/detail/GridView.h>
+#include <ostrel/gui/grid/detail/OrderFreeze.h>
 #include <ostrel/gui/grid/detail/PartSettings.h>
 #include <ostrel/gui/grid/detail/RepaintSchedule.h>
 #include <ostrel/gui/grid/detail/TypeAhead.h>
@@ -34,6 +35,7 @@ enum GridTimer : UINT_PTR
     LayoutTimer = 3,
     EnsureVisibleTimer = 4,
     ColumnResizeTimer = 5,
+    OrderFreezeTimer = 6, // this library's own
 };
 inline constexpr UINT kShortDelayMs = 10;
 
@@ -69,6 +71,7 @@ public:
     [[nodiscard]] GridMouse& Mouse() noexcept { return m_mouse; }
     [[nodiscard]] RepaintSchedule& Repaints() noexcept { return m_repaints; }
     [[nodiscard]] TypeAhead& Search() noexcept { return m_search; }
+    [[nodiscard]] OrderFreeze& Freeze() noexcept { return m_freeze; }
 
     /// The replaceable parts that are set; null where the preferences' defaults are used.
     IKeyManager* keyManager = nullptr;
@@ -109,6 +112,7 @@ private:
     GridUpdates m_updates;
     GridMouse m_mouse;
     TypeAhead m_search;
+    OrderFreeze m_freeze;
     bool m_isCalm = false;
     bool m_isCreated = false;
 };

@@ -36,6 +36,7 @@ void WatchForLeave(HWND window)
 void GridMouse::OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick)
 {
     m_isPressed = true;
+    m_core.Freeze().OnPress();
     m_pressPoint = clientPoint;
     m_pointer = clientPoint;
     if (m_header.IsOver(clientPoint))
@@ -86,6 +87,7 @@ void GridMouse::OnLeftUp(CPoint clientPoint, WPARAM keys)
         m_header.Release(clientPoint, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
     }
     EndTracking();
+    m_core.Freeze().OnRelease();
 }
 
 bool GridMouse::CancelHeaderGesture()
@@ -106,6 +108,7 @@ void GridMouse::OnCaptureLost()
         m_header.Cancel();
     }
     EndTracking();
+    m_core.Freeze().OnRelease();
 }
 
 bool GridMouse::OnSetCursor()

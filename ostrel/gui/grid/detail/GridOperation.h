@@ -157,7 +157,9 @@ enum class GridOperation : WPARAM
     GetEditInPlaceSettings = 186,
     SetEditInPlaceSettings = 187,
     Serialize = 189,
-    CalmView = 190, // this library's own
+    // This library's own.
+    CalmView = 190,
+    OrderFreeze = 191,
 };
 
 /// Whether a message with the code carries a call that waits on its caller's stack.
@@ -179,6 +181,6 @@ constexpr bool IsCarriedCall(WPARAM code) noexcept
             return false;
         }
     }
-    return code <= static_cast<WPARAM>(GridOperation::CalmView);
+    return code <= static_cast<WPARAM>(GridOperation::OrderFreeze);
 }
 } // namespace Ostrel::GUI::Detail

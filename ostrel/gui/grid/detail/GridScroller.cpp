@@ -4,13 +4,13 @@
 
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/GridScroller.h>
+#include <ostrel/platform/window/SystemParameters.h>
 
 namespace Ostrel::GUI::Detail
 {
 namespace
 {
 constexpr int kHorizontalStep = 16;
-constexpr int kWheelLines = 3;
 } // namespace
 
 int GridScroller::FirstRow() const
@@ -151,12 +151,23 @@ void GridScroller::OnHorizontalScroll(int command, int thumb)
     }
 }
 
+void GridScroller::ReadWheelLines()
+{
+    SystemParametersInfo(SPI_GETWHEELSCROLLLINES, 0, &m_wheelLines, 0);
+}
+
 void GridScroller::OnWheel(int delta)
 {
-    int const lines = delta * kWheelLines / WHEEL_DELTA;
-    for (int i = 0; i < std::abs(lines); ++i)
+    bool const byPages = m_wheelLines == WHEEL_PAGESCROLL;
+    // Beyond so many lines a notch goes to the end of any screen; the limit keeps a damaged setting from hanging.
+    constexpr UINT kMostLines = 1000;
+    int const lines = byPages ? 1 : static_cast<int>(std::min(m_wheelLines, kMostLines));
+    int const steps = delta * lines / WHEEL_DELTA;
+    int const up = byPages ? SB_PAGEUP : SB_LINEUP;
+    int const down = byPages ? SB_PAGEDOWN : SB_LINEDOWN;
+    for (int i = 0; i < std::abs(steps); ++i)
     {
-        m_core.Grid().SendMessage(WM_VSCROLL, static_cast<WPARAM>(lines > 0 ? SB_LINEUP : SB_LINEDOWN));
+        m_core.Grid().SendMessage(WM_VSCROLL, static_cast<WPARAM>(steps > 0 ? up : down));
     }
 }
 

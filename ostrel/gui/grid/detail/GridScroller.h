@@ -24,6 +24,8 @@ public:
     void OnVerticalScroll(int command, int thumb = 0);
     void OnHorizontalScroll(int command, int thumb = 0);
     void OnWheel(int delta);
+    /// Asks how far the user wants a notch of the wheel to scroll.
+    void ReadWheelLines();
 
     // --- Scrolling into view: at once the first time after a paint, merged until the next paint afterwards ---
     void EnsureVisible(int row);
@@ -67,6 +69,7 @@ private:
 
     GridCore& m_core;
     int m_firstRow = 0;
+    UINT m_wheelLines = 3; ///< a notch, or WHEEL_PAGESCROLL
     Bar m_vertical;
     Bar m_horizontal;
     bool m_hasScrolledIntoView = false;

@@ -110,7 +110,11 @@ void GridUpdates::ApplyAttached(GridArea& area, CGridItem& item, long fieldId)
     {
         return;
     }
-    if (area.IsSorted())
+    if (area.IsSorted() && m_core.Freeze().IsFrozen())
+    {
+        m_core.Freeze().Postpone(item);
+    }
+    else if (area.IsSorted())
     {
         Reposition(area, item);
         if (m_core.AreaOf(&item) != &area)
@@ -142,6 +146,15 @@ bool GridUpdates::ApplyFilter(GridArea& area, CGridItem& item)
         }
     }
     return m_core.AreaOf(&item) == &area;
+}
+
+void GridUpdates::MoveToItsPlace(CGridItem& item)
+{
+    GridArea& area = *m_core.AreaOf(&item);
+    if (area.IsSorted())
+    {
+        Reposition(area, item);
+    }
 }
 
 void GridUpdates::Reposition(GridArea& area, CGridItem& item)

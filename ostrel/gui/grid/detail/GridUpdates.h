@@ -22,6 +22,10 @@ public:
 
     /// As if the row's object had told of the field, for this row only.
     static void Update(CGridItem& item, long fieldId);
+
+    /// Gives an attached row the place that its sort keys ask for now.
+    void MoveToItsPlace(CGridItem& item);
+
     /// The same later, on the grid's thread: a row by its handle or, where that is null, by its number.
     struct Posted
     {

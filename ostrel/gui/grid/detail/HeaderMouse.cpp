@@ -103,14 +103,72 @@ void HeaderMouse::DoubleClick(CPoint clientPoint)
 
 void HeaderMouse::Move(CPoint clientPoint)
 {
-    m_gesture.hasMoved = m_gesture.hasMoved || IsPastDragThreshold(m_gesture.from, clientPoint);
-    if (m_gesture.kind == Gesture::Kind::Resize && m_gesture.hasMoved)
+    bool const hadMoved = m_gesture.hasMoved;
+    m_gesture.hasMoved = hadMoved || IsPastDragThreshold(m_gesture.from, clientPoint);
+    if (m_gesture.hasMoved && !hadMoved && m_gesture.kind == Gesture::Kind::Click)
     {
-        if (CColumn* const column = ColumnOf(m_gesture.fieldId))
-        {
-            int const width = m_gesture.widthBefore + clientPoint.x - m_gesture.from.x;
-            column->SetWidth(std::max(width, Platform::Scaled(kSmallestWidth)));
-        }
+        BeginMove();
+    }
+    if (m_gesture.kind == Gesture::Kind::Move)
+    {
+        MoveTo(clientPoint);
+    }
+    else if (m_gesture.kind == Gesture::Kind::Resize && m_gesture.hasMoved)
+    {
+        Resize(clientPoint);
+    }
+}
+
+void HeaderMouse::Resize(CPoint clientPoint)
+{
+    if (CColumn* const column = ColumnOf(m_gesture.fieldId))
+    {
+        int const width = m_gesture.widthBefore + clientPoint.x - m_gesture.from.x;
+        column->SetWidth(std::max(width, Platform::Scaled(kSmallestWidth)));
+    }
+}
+
+void HeaderMouse::BeginMove()
+{
+    CHeader const* const header = m_core.Columns().Header();
+    if (header != nullptr && CanDragColumn(*header, m_gesture.fieldId))
+    {
+        m_gesture.kind = Gesture::Kind::Move;
+    }
+}
+
+// Far above or below the band there is no place, so that a drag can be taken back.
+void HeaderMouse::MoveTo(CPoint clientPoint)
+{
+    CHeader const* const header = m_core.Columns().Header();
+    CRect zone = m_core.View().Geometry().HeaderRect();
+    zone.InflateRect(0, zone.Height());
+    ColumnDrop drop;
+    if (header != nullptr && clientPoint.y >= zone.top && clientPoint.y < zone.bottom && zone.right > 0)
+    {
+        int const x = std::clamp<int>(clientPoint.x, zone.left, zone.right - 1);
+        drop = FindColumnDrop(*header, m_gesture.fieldId, x, m_core.Scroller().HorizontalPosition());
+    }
+    if (std::exchange(m_gesture.drop, drop) != drop)
+    {
+        m_core.View().InvalidateHeader();
+    }
+}
+
+void HeaderMouse::DropColumn(Gesture const& gesture) const
+{
+    CHeader* const header = m_core.Columns().Header();
+    if (header == nullptr || !gesture.drop.IsPlace())
+    {
+        return;
+    }
+    if (gesture.drop.goesBefore)
+    {
+        header->MoveBefore(gesture.fieldId, gesture.drop.fieldId);
+    }
+    else
+    {
+        header->MoveAfter(gesture.fieldId, gesture.drop.fieldId);
     }
 }
 
@@ -121,6 +179,10 @@ void HeaderMouse::Release(CPoint clientPoint, bool shift, bool ctrl)
     if (gesture.kind == Gesture::Kind::Click && !gesture.hasMoved && FieldAt(clientPoint) == gesture.fieldId)
     {
         m_core.Sorting().SortByUser(gesture.fieldId, shift, ctrl);
+    }
+    else if (gesture.kind == Gesture::Kind::Move)
+    {
+        DropColumn(gesture);
     }
 }
 
@@ -156,6 +218,11 @@ void HeaderMouse::ClearHot()
 void HeaderMouse::DescribePaintState(GridPaintState& state) const
 {
     state.hotColumn = ColumnOf(m_hotField);
-    state.headerCaptured = m_gesture.kind == Gesture::Kind::Click;
+    state.headerCaptured = m_gesture.kind == Gesture::Kind::Click || m_gesture.kind == Gesture::Kind::Move;
+    if (m_gesture.drop.IsPlace())
+    {
+        state.dropColumn = ColumnOf(m_gesture.drop.fieldId);
+        state.columnDropX = m_gesture.drop.markX;
+    }
 }
 } // namespace Ostrel::GUI::Detail

@@ -1,6 +1,8 @@
-// The mouse over the header: a click on a caption sorts, dragging its right edge resizes the column.
+// The mouse over the header: a click on a caption sorts, dragging it moves the column, dragging its right edge resizes
+// it.
 #pragma once
 
+#include <ostrel/gui/grid/detail/HeaderDrag.h>
 #include <ostrel/platform/base/Geometry.h>
 
 namespace Ostrel::GUI
@@ -42,6 +44,7 @@ private:
         {
             None,
             Click,
+            Move,
             Resize
         };
         Kind kind = Kind::None;
@@ -49,8 +52,13 @@ private:
         CPoint from;
         int widthBefore = 0;
         bool hasMoved = false;
+        ColumnDrop drop{}; ///< where a moved column would go
     };
 
+    void Resize(CPoint clientPoint);
+    void BeginMove();
+    void MoveTo(CPoint clientPoint);
+    void DropColumn(Gesture const& gesture) const;
     [[nodiscard]] CColumn* ColumnWithEdgeAt(CPoint clientPoint) const;
     [[nodiscard]] CColumn* ColumnOf(long fieldId) const;
     [[nodiscard]] long FieldAt(CPoint clientPoint) const;
