@@ -290,6 +290,13 @@ void QuoteRows::Sort(std::initializer_list<CSortInfo> levels)
     Platform::ProcessPending();
 }
 
+void QuoteRows::ReplaceFirstLevel(CSortInfo const& info)
+{
+    m_levels.front() = info;
+    m_grid.SetSort(0, info, true);
+    Platform::ProcessPending();
+}
+
 void QuoteRows::SetFilter(QuoteFilter* filter)
 {
     m_filter = filter;

@@ -160,8 +160,10 @@ public:
 
     /// Adds a row for each quote, one by one, with turns of the loop between them.
     void AddAll();
-    /// Sorts and shows it.
+    /// Sorts, once for each level: every change of a level takes effect at once.
     void Sort(std::initializer_list<GUI::CSortInfo> levels);
+    /// Replaces the first level: one sort by all levels.
+    void ReplaceFirstLevel(GUI::CSortInfo const& info);
     void SortByLast() { Sort({GUI::CSortInfo(CQuote::kLast, false)}); }
     /// Null shows everything.
     void SetFilter(QuoteFilter* filter);
