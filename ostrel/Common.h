@@ -30,11 +30,17 @@
 #include <ostrel/common/format/UCharFormat.h>
 #include <ostrel/common/format/ULongFormat.h>
 #include <ostrel/common/format/UShortFormat.h>
+#include <ostrel/common/thread/Automat.h>
+#include <ostrel/common/thread/FileLogger.h>
+#include <ostrel/common/thread/Job.h>
 #include <ostrel/common/thread/Lock.h>
+#include <ostrel/common/thread/Log.h>
 #include <ostrel/common/thread/RecursionChecker.h>
 #include <ostrel/common/thread/RecursionProtector.h>
 #include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/common/thread/Thread.h>
 #include <ostrel/common/thread/ThreadRecursionProtector.h>
+#include <ostrel/common/thread/Timer.h>
 #include <ostrel/common/value/CommonException.h>
 #include <ostrel/common/value/Serializer.h>
 #include <ostrel/common/value/Type.h>
@@ -51,6 +57,7 @@
 #include <ostrel/platform/base/Object.h>
 #include <ostrel/platform/base/String.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
+#include <ostrel/platform/base/ThreadId.h>
 #include <ostrel/platform/base/TokenTable.h>
 #include <ostrel/platform/base/Types.h>
 #include <ostrel/platform/base/Utf8.h>

@@ -278,12 +278,6 @@ DWORD GetWindowThreadProcessId(HWND handle, DWORD* processId)
     return queue != nullptr ? queue->ThreadId() : 0;
 }
 
-DWORD GetCurrentThreadId()
-{
-    thread_local DWORD const threadId = static_cast<DWORD>(gettid());
-    return threadId;
-}
-
 DWORD GetCurrentProcessId()
 {
     return static_cast<DWORD>(getpid());
