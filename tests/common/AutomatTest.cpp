@@ -96,7 +96,7 @@ TEST(AutomatTest, AStoppedOneKeepsItsJobsForTheNextStart)
 /// Automata whose threads nobody joins: nothing tells when they may die.
 CPassCounter& MakeImmortal()
 {
-    static std::vector<CPassCounter*> made;
+    static auto& made = *new std::vector<CPassCounter*>;
     return *made.emplace_back(new CPassCounter);
 }
 
