@@ -87,7 +87,7 @@ std::string Between(std::string const& text, std::string const& first, std::stri
 
 TEST(DocumentationTest, ThePageShowsTheExampleThatIsCompiled)
 {
-    std::string const compiled = Between(ContentsOf(__FILE__), "\n// [example]\n", "// [example]\n");
+    std::string const compiled = Between(ContentsOf(OSTREL_TESTING_EXAMPLE), "\n// [example]\n", "// [example]\n");
     EXPECT_EQ(Between(ContentsOf(OSTREL_TESTING_PAGE), "```cpp\n", "```\n"), compiled);
 }
 

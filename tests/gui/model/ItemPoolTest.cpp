@@ -17,6 +17,13 @@ CGridItem* HandleOf(std::uintptr_t address)
     return reinterpret_cast<CGridItem*>(address);
 }
 
+/// The area of detached rows has a root of its own, made when it is first needed.
+std::size_t LiveCountWithDetachedArea()
+{
+    static_cast<void>(RowArea::Detached());
+    return ItemPool::LiveCount();
+}
+
 TEST(ItemPoolTest, KnowsRowsFromAnythingElse)
 {
     CGridItem* const item = RowArea::CreateItem(nullptr);
@@ -56,7 +63,7 @@ TEST(ItemPoolTest, AFreedPlaceWaitsBeforeItServesAnotherRow)
 
 TEST(ItemPoolTest, TakesRowsBackInAnyOrder)
 {
-    std::size_t const before = ItemPool::LiveCount();
+    std::size_t const before = LiveCountWithDetachedArea();
     std::vector<CGridItem*> items;
     for (int round = 0; round < 3; ++round)
     {
@@ -84,7 +91,7 @@ TEST(ItemPoolTest, TakesRowsBackInAnyOrder)
 
 TEST(ItemPoolTest, ServesThreadsAtOnce)
 {
-    std::size_t const before = ItemPool::LiveCount();
+    std::size_t const before = LiveCountWithDetachedArea();
     std::atomic<int> faults = 0;
     {
         std::vector<std::jthread> threads;
