@@ -3,6 +3,7 @@
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/platform/drawing/SystemLook.h>
+#include <ostrel/platform/window/MessageLoop.h>
 
 namespace Ostrel::GUI
 {
@@ -71,6 +72,13 @@ BOOL CGrid::PreTranslateMessage(MSG* message)
 {
     bool const isDown = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
     bool const isUp = message->message == WM_KEYUP || message->message == WM_SYSKEYUP;
+    if (isDown && message->hwnd != m_hWnd && ::IsChild(m_hWnd, message->hwnd) != FALSE)
+    {
+        // A dialog around the grid must not take the keys of an editor.
+        TranslateMessage(message);
+        DispatchMessage(message);
+        return TRUE;
+    }
     if (message->hwnd != m_hWnd || (!isDown && !isUp))
     {
         return CWnd::PreTranslateMessage(message);

@@ -121,6 +121,50 @@ TEST_F(NavigationTest, DraggingSelectsTheRowsThatItPasses)
     EXPECT_EQ(grid.SelectionText(), "selected=a focus=a");
 }
 
+TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)
+{
+    Grid().AllowDragAndDrop(true);
+    AfterClick("b");
+    AfterClick("d", Modifier::Ctrl);
+    driver.Press(Grid(), grid.RowPoint("b"));
+    EXPECT_EQ(grid.SelectionText(), "selected=b,d focus=d");
+    driver.Release();
+    EXPECT_EQ(grid.SelectionText(), "selected=b focus=b");
+    AfterClick("d", Modifier::Ctrl);
+    grid.DragRow("b", "e");
+    EXPECT_EQ(grid.SelectionText(), "selected=b,d focus=d") << "a drag is no click";
+    driver.Press(Grid(), grid.RowPoint("c"));
+    EXPECT_EQ(grid.SelectionText(), "selected=c focus=c") << "a row that was not selected";
+    driver.Release();
+}
+
+TEST_F(NavigationTest, KeysOfAWindowInsideTheGridAreItsOwn)
+{
+    class Editor : public CWnd
+    {
+    public:
+        int keys = 0;
+
+    protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            keys += message == WM_KEYDOWN ? 1 : 0;
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+    };
+    Editor editor;
+    ASSERT_TRUE(editor.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 20, 20), &Grid(), 5));
+    MSG key{};
+    key.hwnd = editor.GetSafeHwnd();
+    key.message = WM_KEYDOWN;
+    key.wParam = VK_DOWN;
+    EXPECT_TRUE(Grid().PreTranslateMessage(&key)) << "no dialog shall take it";
+    EXPECT_EQ(editor.keys, 1);
+    EXPECT_EQ(Grid().GetFocusedRow(), -1);
+    key.message = WM_KEYUP;
+    EXPECT_FALSE(Grid().PreTranslateMessage(&key));
+}
+
 TEST_F(NavigationTest, SelectingObeysItsRules)
 {
     EXPECT_FALSE(Grid().Select(0, NoContext, true));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/GridMouse.h>
@@ -47,7 +48,12 @@ void GridMouse::OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick)
     GridView::Hit const hit = m_core.View().RowAt(clientPoint);
     m_pressPlace = {hit.row, hit.type};
     m_mayTrack = false;
-    if (!PressExpandButton(clientPoint, m_pressPlace))
+    if (PressExpandButton(clientPoint, m_pressPlace))
+    {
+        return;
+    }
+    m_isClickDue = WaitsForRelease(m_pressPlace, keys);
+    if (!m_isClickDue)
     {
         m_mayTrack = hit.row >= 0;
         Click(m_pressPlace, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
@@ -69,6 +75,7 @@ void GridMouse::OnMove(CPoint clientPoint)
     }
     bool const isPast = std::abs(clientPoint.x - m_pressPoint.x) > GetSystemMetrics(SM_CXDRAG) ||
                         std::abs(clientPoint.y - m_pressPoint.y) > GetSystemMetrics(SM_CYDRAG);
+    m_isClickDue = m_isClickDue && !isPast;
     if (m_mayTrack && !m_isTracking && isPast)
     {
         BeginTracking();
@@ -85,6 +92,10 @@ void GridMouse::OnLeftUp(CPoint clientPoint, WPARAM keys)
     if (m_header.IsActive())
     {
         m_header.Release(clientPoint, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+    }
+    if (std::exchange(m_isClickDue, false))
+    {
+        Click(m_pressPlace, false, false);
     }
     EndTracking();
     m_core.Freeze().OnRelease();
@@ -103,6 +114,7 @@ bool GridMouse::CancelHeaderGesture()
 void GridMouse::OnCaptureLost()
 {
     m_isPressed = false;
+    m_isClickDue = false;
     if (m_header.IsActive())
     {
         m_header.Cancel();
@@ -160,6 +172,13 @@ bool GridMouse::PressExpandButton(CPoint clientPoint, Place place)
     }
     m_core.Rows().Expand(item, false, !item->IsExpanded());
     return true;
+}
+
+bool GridMouse::WaitsForRelease(Place place, WPARAM keys) const
+{
+    CGridItem const* const item = m_core.ItemAt(place.row, place.type);
+    bool const isPlain = (keys & (MK_SHIFT | MK_CONTROL)) == 0;
+    return m_core.parts.allowDragAndDrop && isPlain && item != nullptr && item->IsSelected();
 }
 
 void GridMouse::Click(Place place, bool shift, bool ctrl)

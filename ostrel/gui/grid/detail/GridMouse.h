@@ -36,6 +36,7 @@ private:
 
     [[nodiscard]] bool IsOnExpandButton(CPoint clientPoint, CGridItem const& item, CRect const& rowRect) const;
     bool PressExpandButton(CPoint clientPoint, Place place);
+    [[nodiscard]] bool WaitsForRelease(Place place, WPARAM keys) const;
     void Click(Place place, bool shift, bool ctrl);
     void ClickPlain(Place place);
     void ClickWithShift(Place place);
@@ -54,7 +55,8 @@ private:
     GridCore& m_core;
     HeaderMouse m_header;
     bool m_isPressed = false;
-    bool m_mayTrack = false; ///< the press was on a row and may become a selection by dragging
+    bool m_mayTrack = false;   ///< the press was on a row and may become a selection by dragging
+    bool m_isClickDue = false; ///< the press changed nothing yet, since it may begin a drag of the selected rows
     bool m_isTracking = false;
     CPoint m_pressPoint;
     CPoint m_pointer;
