@@ -17,6 +17,10 @@ if(OSTREL_SANITIZE)
   target_link_options(ostrel_settings INTERFACE -fsanitize=${OSTREL_SANITIZE})
 endif()
 
+if(OSTREL_BUILD_FUZZERS)
+  target_compile_options(ostrel_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # ostrel_folder(<target> SOURCES ... [DEPENDS ...]): one folder of the source tree, compiled once as objects.
 # Tests of private classes link the objects of the folders that they need.
 function(ostrel_folder target)
@@ -70,6 +74,12 @@ function(ostrel_test target)
     set(ARG_TIMEOUT 120)
   endif()
   ostrel_program(${target} SOURCES ${ARG_SOURCES} LIBRARIES ${ARG_LIBRARIES} GTest::gtest_main GTest::gmock)
+  if("threads" IN_LIST ARG_LABELS)
+    if(NOT TARGET thread_tests)
+      add_custom_target(thread_tests) # what the thread sanitizer is for
+    endif()
+    add_dependencies(thread_tests ${target})
+  endif()
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
     TEST_LIST ${target}_tests PROPERTIES TIMEOUT ${ARG_TIMEOUT})
   # A list of labels does not survive as one of the PROPERTIES above.
