@@ -170,7 +170,7 @@ void CColumnPaintFormat::DrawSort(CColumnPaintInfo& info, CPaintContext const& c
     area.left = area.right - GetRequiredSortInfoWidth();
     CDC& dc = context.GetDC();
     COLORREF const color = GetSysColor(COLOR_BTNSHADOW);
-    int const centerY = area.CenterPoint().y + (mark.level > 0 ? 4 * unit : 0);
+    int const centerY = area.top + area.Height() / 2 + (mark.level > 0 ? 4 * unit : 0);
     DrawTriangle(dc, area, centerY, !mark.reverse, unit, color);
     if (mark.level > 0)
     {
