@@ -30,13 +30,13 @@ struct ColumnPlan
 constexpr ColumnPlan kColumns[] = {
     {CProcess::kName, 260, CColumn::AlignLeft, "The kernel's name of the process"},
     {CProcess::kPid, 70, CColumn::AlignRight, "Process number"},
-    {CProcess::kParentPid, 70, CColumn::AlignRight, "Number of the parent process"},
+    {CProcess::kParentPid, 80, CColumn::AlignRight, "Number of the parent process"},
     {CProcess::kUser, 90, CColumn::AlignLeft, "Effective user"},
     {CProcess::kState, 90, CColumn::AlignLeft, "What the scheduler says"},
-    {CProcess::kCpuPercent, 70, CColumn::AlignRight, "Share of one processor during the last second"},
-    {CProcess::kMemoryKiB, 100, CColumn::AlignRight, "Resident memory"},
-    {CProcess::kThreads, 70, CColumn::AlignRight, "Number of threads"},
-    {CProcess::kStartTime, 150, CColumn::AlignLeft, "When the process started"},
+    {CProcess::kCpuPercent, 80, CColumn::AlignRight, "Share of one processor during the last second"},
+    {CProcess::kMemoryKiB, 125, CColumn::AlignRight, "Resident memory"},
+    {CProcess::kThreads, 85, CColumn::AlignRight, "Number of threads"},
+    {CProcess::kStartTime, 160, CColumn::AlignLeft, "When the process started"},
     {CProcess::kCommandLine, 500, CColumn::AlignLeft, "The program and its arguments"},
 };
 
