@@ -34,11 +34,11 @@ using __int64 = long long; // NOLINT(bugprone-reserved-identifier): the name cal
 #define FALSE 0
 #endif
 
-using HWND = struct HWND__*;
-using HFONT = struct HFONT__*;
-using HBITMAP = struct HBITMAP__*;
-using HCURSOR = struct HCURSOR__*;
-using HINSTANCE = struct HINSTANCE__*;
+using HWND = struct WindowHandle*;
+using HFONT = struct FontHandle*;
+using HBITMAP = struct BitmapHandle*;
+using HCURSOR = struct CursorHandle*;
+using HINSTANCE = struct InstanceHandle*;
 
 /// A colour from its channels, 0 to 255 each.
 constexpr COLORREF RGB(int red, int green, int blue) noexcept

@@ -6,10 +6,10 @@
 #include <ostrel/platform/base/Types.h>
 
 using HGDIOBJ = void*;
-using HDC = struct HDC__*;
-using HPEN = struct HPEN__*;
-using HBRUSH = struct HBRUSH__*;
-using HRGN = struct HRGN__*;
+using HDC = struct DeviceContextHandle*;
+using HPEN = struct PenHandle*;
+using HBRUSH = struct BrushHandle*;
+using HRGN = struct RegionHandle*;
 
 inline constexpr COLORREF CLR_NONE = 0xFFFFFFFF;
 inline constexpr COLORREF CLR_DEFAULT = 0xFF000000;

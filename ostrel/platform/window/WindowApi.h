@@ -18,8 +18,8 @@ namespace Ostrel::Platform
 class Region;
 }
 
-using HMENU = struct HMENU__*;
-using HBRUSH = struct HBRUSH__*;
+using HMENU = struct MenuHandle*;
+using HBRUSH = struct BrushHandle*;
 using ATOM = WORD;
 using WNDPROC = LRESULT (*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 using TIMERPROC = void (*)(HWND window, UINT message, UINT_PTR timerId, DWORD tickMs);
@@ -215,10 +215,6 @@ struct TRACKMOUSEEVENT
 };
 /// Asks once for WM_MOUSELEAVE or WM_MOUSEHOVER.
 OSTREL_PLATFORM_API BOOL TrackMouseEvent(TRACKMOUSEEVENT* event);
-inline BOOL _TrackMouseEvent(TRACKMOUSEEVENT* event)
-{
-    return TrackMouseEvent(event);
-} // NOLINT: the name callers know
 
 /// Names of the pointer's looks, for LoadCursor.
 inline LPCTSTR const IDC_ARROW = reinterpret_cast<LPCTSTR>(static_cast<LONG_PTR>(32512));

@@ -43,7 +43,7 @@ struct FloatLimits<float>
 template <class F>
 [[nodiscard]] constexpr char ClampPrecision(char precision) noexcept
 {
-    int const number = static_cast<signed char>(precision);
+    int const number = precision; // a byte with a sign
     int const atLeast = number < 0 ? 0 : number;
     return static_cast<char>(atLeast > FloatLimits<F>::kMaxPrecision ? FloatLimits<F>::kMaxPrecision : atLeast);
 }
