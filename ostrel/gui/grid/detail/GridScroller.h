@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ostrel/gui/grid/detail/GridArea.h>
+#include <ostrel/platform/base/Types.h>
 
 namespace Ostrel::GUI::Detail
 {
