@@ -52,7 +52,7 @@ function(ostrel_library name)
     target_link_options(${target} PUBLIC -fsanitize=${OSTREL_SANITIZE})
   endif()
   set_target_properties(${target} PROPERTIES
-    EXPORT_NAME ${name} OUTPUT_NAME ostrel-${name} LINKER_LANGUAGE CXX
+    EXPORT_NAME ${name} OUTPUT_NAME ostrel-${name} LINKER_LANGUAGE CXX INSTALL_RPATH "$ORIGIN"
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   set_property(GLOBAL APPEND PROPERTY OSTREL_LIBRARIES ${target})
 endfunction()
