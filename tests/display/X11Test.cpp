@@ -134,9 +134,15 @@ protected:
         DWORD const start = GetTickCount();
         CWnd timer;
         timer.CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 1, 1), nullptr, 0);
-        timer.SetTimer(1, 20); // keeps the loop turning while nothing comes
-        RunModalLoop([&] { return isDone() || TicksSince(GetTickCount(), start) > kLimitMs; });
-        return isDone();
+        timer.SetTimer(1, 20);  // keeps the loop turning while nothing comes
+        bool isReached = false; // asked once: the window manager may move the window right after
+        RunModalLoop(
+            [&]
+            {
+                isReached = isDone();
+                return isReached || TicksSince(GetTickCount(), start) > kLimitMs;
+            });
+        return isReached;
     }
     bool Shows(CPoint clientPoint, COLORREF color)
     {
