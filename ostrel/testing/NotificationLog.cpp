@@ -121,7 +121,23 @@ std::string NotificationLog::NameOf(GUI::NM_GRIDITEM const& notification)
     {
         return std::to_string(notification.row);
     }
+    if (notification.code == GUI::ItemAttached)
+    {
+        LearnNamesBelow(*notification.grid, notification.item);
+    }
     return m_known[notification.object] = m_names->NameOf(*notification.object);
+}
+
+// Nothing else is told of the rows that come along below an attached one, and where their objects lie, others may have
+// lain.
+void NotificationLog::LearnNamesBelow(GUI::CGrid& grid, GUI::CGridItem* item)
+{
+    for (GUI::CGridItem* const child : grid.GetChildren(item, false))
+    {
+        Common::CDataObject* const object = grid.GetDataObject(child);
+        m_known[object] = m_names->NameOf(*object);
+        LearnNamesBelow(grid, child);
+    }
 }
 
 } // namespace Ostrel::Testing

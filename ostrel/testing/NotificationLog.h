@@ -43,6 +43,7 @@ private:
     [[nodiscard]] std::string LineOf(NMHDR const& header);
     [[nodiscard]] std::string ItemLine(GUI::NM_GRIDITEM const& notification);
     [[nodiscard]] std::string NameOf(GUI::NM_GRIDITEM const& notification);
+    void LearnNamesBelow(GUI::CGrid& grid, GUI::CGridItem* item);
 
     std::vector<std::string> m_lines;
     GridDriver const* m_names = nullptr;

@@ -1,4 +1,6 @@
 // The window made for tests: columns from a line of text, rows from test objects, notifications as lines.
+#include <optional>
+
 #include <gtest/gtest.h>
 
 #include <ostrel/testing/GridWindow.h>
@@ -54,6 +56,26 @@ TEST(GridWindowTest, NotificationsAreLines)
     grid.Destroy("green");
     EXPECT_NE(take().find("ItemDeleting green"), std::string::npos);
     EXPECT_EQ(grid.RowsText(), "rows=red");
+}
+
+TEST(GridWindowTest, AnObjectIsNotCalledByTheNameOfOneThatLayInItsPlace)
+{
+    Driver driver;
+    GridWindow from(driver, {.title = "From"});
+    GridWindow to(driver, {.title = "To"});
+    TestObject parent({.name = "parent"});
+    std::optional<TestObject> place;
+    place.emplace(TestRow{.name = "old"});
+    to.Grid().Add(&*place, GUI::ScrollableRoot, GUI::LastPosition);
+    place.reset();
+    place.emplace(TestRow{.name = "new"});
+    GUI::CGridItem* const item = from.Grid().Add(&parent, GUI::ScrollableRoot, GUI::LastPosition);
+    from.Grid().Add(&*place, item, GUI::LastPosition);
+    from.Grid().Detach(item);
+    to.Grid().Attach(item, GUI::ScrollableRoot, GUI::LastPosition);
+    to.Notifications().Clear();
+    to.Grid().Delete(item);
+    EXPECT_EQ(to.Notifications().Text(), "ItemDeleting new; ItemDeleting parent");
 }
 
 TEST(GridWindowTest, ATestMayActInsideANotification)
