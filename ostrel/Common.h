@@ -1,5 +1,6 @@
-// Everything of Ostrel::Common and of the platform's base: values, data objects, formats, the serializer, threads. It
-// needs no window and nothing beyond the standard library.
+/// @file
+/// Everything of Ostrel::Common and of the platform's base: values, data objects, formats, the serializer, threads. It
+/// needs no window and nothing beyond the standard library.
 #pragma once
 
 #include <ostrel/common/dataobject/DataObject.h>

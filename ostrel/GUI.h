@@ -1,5 +1,6 @@
-// Everything of the library: the grid with its header, columns and paint formats, the platform layer below it, and
-// <ostrel/Common.h>.
+/// @file
+/// Everything of the library: the grid with its header, columns and paint formats, the platform layer below it, and
+/// <ostrel/Common.h>.
 #pragma once
 
 #include <ostrel/Common.h>

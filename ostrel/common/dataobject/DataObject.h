@@ -1,9 +1,5 @@
-// The base of everything that a grid can show. An application class derives from it, describes its data as fields of a
-// field map, and calls NotifyUpdate when a value changes. Everybody else reads and writes the data by field number and
-// subscribes to changes.
-//
-// The object holds no values of its own, only its subscribers: two words, until a second one subscribes. Reading a
-// field never locks and never allocates. The values themselves are not locked; that is the application's business.
+/// @file
+/// The base of everything that a grid can show.
 #pragma once
 
 #include <atomic>
@@ -26,12 +22,17 @@ class CFormat;
 class CSerializer;
 class CValue;
 
+/// The base of everything that a grid can show. An application class derives from it, describes its data as fields of a
+/// field map, and calls NotifyUpdate when a value changes. Everybody else reads and writes the data by field number and
+/// subscribes to changes.
+///
+/// The object holds no values of its own, only its subscribers: two words, until a second one subscribes. Reading a
+/// field never locks and never allocates. The values themselves are not locked; that is the application's business.
 class OSTREL_COMMON_API CDataObject
 {
 public:
-    /// Field numbers with a meaning of their own: all fields (in notifications), and no field.
-    static constexpr long kAllFields = -1;
-    static constexpr long kNoField = -2;
+    static constexpr long kAllFields = -1; ///< in notifications: every field may have changed
+    static constexpr long kNoField = -2;   ///< the number of no field
 
     /// A subscriber. It is called on the thread that notifies, with no lock of the object held: it may add and remove
     /// subscribers, notify again and read the object. It is not owned, and unsubscribes before it dies.
@@ -54,23 +55,30 @@ public:
     /// Tells the subscribers that are still there by OnDelete.
     virtual ~CDataObject();
 
-    /// The field and the object whose accessors serve it; a null member means that there is no such field. All access
-    /// below goes through this.
+    /// The field with a number and the object whose accessors serve it; a null member means that there is no such
+    /// field. All access below goes through this.
     [[nodiscard]] virtual std::pair<CField*, CDataObject*> GetField(long fid) const;
+    ///@{
     /// Inserts the fields, or their numbers, of the class and its parents. The set is not cleared.
     virtual void GetAllFields(std::set<std::pair<CField*, CDataObject*>>& fields) const;
     virtual void GetAllFids(std::set<long>& fids) const;
+    ///@}
     /// The class's field map, shared by all its objects. May be null.
     [[nodiscard]] virtual CFieldMap const* GetFieldMap() const = 0;
 
-    /// What is known of a field; false, TypeEmpty, an empty name, null for an unknown one.
+    ///@{
+    /// Whether the field can be read, and written. False for an unknown field.
     [[nodiscard]] virtual bool HasGetMethod(long fid) const;
     [[nodiscard]] virtual bool HasSetMethod(long fid) const;
+    ///@}
+    /// The type of the field's values; TypeEmpty for an unknown field.
     [[nodiscard]] virtual EnType GetFieldType(long fid);
+    /// The field's display name; empty for an unknown field.
     [[nodiscard]] virtual std::string GetFieldName(long fid);
     /// The field's own format, which the field owns; null when it has none.
     [[nodiscard]] virtual CFormat const* GetFormat(long fid) const;
 
+    ///@{
     /// Typed reads: what the getter returns if the field has exactly that type and a getter, else zero, false, null or
     /// an empty text. Nothing is converted.
     [[nodiscard]] virtual CString GetMfcString(long fid);
@@ -86,9 +94,11 @@ public:
     [[nodiscard]] virtual float GetFloat(long fid) const;
     [[nodiscard]] virtual double GetDouble(long fid) const;
     [[nodiscard]] virtual CDataObject* GetObjectPtr(long fid) const;
+    ///@}
     /// The field's value with its type; zero or empty without a getter; an empty value for an unknown field.
     [[nodiscard]] virtual CValue GetValue(long fid);
 
+    ///@{
     /// Typed writes: call the setter and return true if the field has exactly that type and a setter, else return
     /// false. The setter itself notifies if it wants to.
     virtual bool SetMfcString(long fid, CString const& value);
@@ -104,7 +114,9 @@ public:
     virtual bool SetFloat(long fid, float value);
     virtual bool SetDouble(long fid, double value);
     virtual bool SetObjectPtr(long fid, CDataObject* value);
-    /// The same for any type. A value of another type than the field's arrives as zero or as an empty text.
+    ///@}
+    /// Calls the setter of a field of any type; returns false without one. A value of another type than the field's
+    /// arrives as zero or as an empty text.
     virtual bool SetValue(long fid, CValue const& value);
 
     /// The field's text through the given format, or else the field's own, or else the type's default. Empty without a
@@ -113,7 +125,9 @@ public:
     /// Parses the text through a format chosen the same way and sets the field. Returns false if the text cannot be
     /// read or the field has no setter. A text field takes a text that its format rejects as it is.
     virtual bool SetFormattedMfcString(long fid, CString const& text, CFormat const* format);
+    /// GetFormattedMfcString on std::string.
     [[nodiscard]] virtual std::string GetFormattedStlString(long fid, CFormat const* format);
+    /// SetFormattedMfcString on std::string.
     virtual bool SetFormattedStlString(long fid, std::string const& text, CFormat const* format);
 
     /// The name under which the class is registered for restoring objects from a stream; empty when it is not.
@@ -130,11 +144,14 @@ public:
     void AddSink(ISink* sink);
     /// Unsubscribes. A notification that is under way may still reach the sink. Any thread.
     void RemoveSink(ISink* sink);
-    /// Tells all subscribers, in the order of subscription, on the caller's thread. The list is copied first: a sink
+    ///@{
+    /// Tells all subscribers that a field or several changed (-1: all may have), in the order of subscription, on the
+    /// caller's thread. The list is copied first: a sink
     /// added during the call is not called by it, and a sink removed during it still is. What a sink throws reaches
     /// the caller, and the sinks after it are not called. Any thread.
     void NotifyUpdate(long fid);
     void NotifyUpdate(std::set<long> const& fids);
+    ///@}
 
 protected:
     CDataObject() noexcept = default;

@@ -1,6 +1,7 @@
-// A data object in front of another one, the aggregate: it answers for its own fields, passes on what they do not
-// answer, and repeats the aggregate's notifications as its own. So a row can show an object with more or other fields
-// without changing it, and the object behind a row can be exchanged.
+/// @file
+/// A data object in front of another one, the aggregate: it answers for its own fields, passes on what they do not
+/// answer, and repeats the aggregate's notifications as its own. So a row can show an object with more or other fields
+/// without changing it, and the object behind a row can be exchanged.
 #pragma once
 
 #include <atomic>
@@ -23,15 +24,20 @@ public:
 
     /// The own field and this object, or else what the aggregate answers; (null, null) when there is neither.
     [[nodiscard]] std::pair<CField*, CDataObject*> GetField(long fid) const override;
+    ///@{
     /// The own fields, then the aggregate's.
     void GetAllFields(std::set<std::pair<CField*, CDataObject*>>& fields) const override;
     void GetAllFids(std::set<long>& fids) const override;
+    ///@}
 
     /// Puts another object behind and tells all sinks that every field may have changed. Returns the old aggregate,
     /// which the caller owns if the delegate did. Does nothing if it is the same object.
     virtual CDataObject* SetAggregate(CDataObject* aggregate);
+    ///@{
+    /// The object behind; null without one.
     [[nodiscard]] virtual CDataObject* GetAggregate();
     [[nodiscard]] virtual CDataObject const* GetAggregate() const;
+    ///@}
 
 private:
     /// Listens to the aggregate.

@@ -1,5 +1,6 @@
-// A data object that keeps its values itself, by field number, and whose fields are declared at run time. For rows
-// whose columns are known only then, and for objects restored from a stream whose class the process does not know.
+/// @file
+/// A data object that keeps its values itself, by field number, and whose fields are declared at run time. For rows
+/// whose columns are known only then, and for objects restored from a stream whose class the process does not know.
 #pragma once
 
 #include <map>
@@ -30,15 +31,19 @@ public:
     /// The declared fields. Only to be looked into while nobody declares one.
     [[nodiscard]] CFieldMap const* GetFieldMap() const override;
 
+    ///@{
     /// True when a value is stored.
     [[nodiscard]] bool HasGetMethod(long fid) const override;
     [[nodiscard]] bool HasSetMethod(long fid) const override;
+    ///@}
     /// The type of the stored value, whatever was declared; TypeEmpty without one.
     [[nodiscard]] EnType GetFieldType(long fid) override;
-    /// What was declared.
+    /// The declared name.
     [[nodiscard]] std::string GetFieldName(long fid) override;
+    /// The declared format, which the field owns.
     [[nodiscard]] CFormat const* GetFormat(long fid) const override;
 
+    ///@{
     /// The stored value if it has that type, else zero, false, null or an empty text.
     [[nodiscard]] CString GetMfcString(long fid) override;
     [[nodiscard]] std::string GetStlString(long fid) override;
@@ -53,9 +58,11 @@ public:
     [[nodiscard]] float GetFloat(long fid) const override;
     [[nodiscard]] double GetDouble(long fid) const override;
     [[nodiscard]] CDataObject* GetObjectPtr(long fid) const override;
+    ///@}
     /// A copy of the stored value; an empty value without one.
     [[nodiscard]] CValue GetValue(long fid) override;
 
+    ///@{
     /// Store the value with its type, whatever was stored or declared. Return false for the numbers -1 and -2.
     bool SetMfcString(long fid, CString const& value) override;
     bool SetStlString(long fid, std::string const& value) override;
@@ -71,13 +78,16 @@ public:
     bool SetDouble(long fid, double value) override;
     bool SetObjectPtr(long fid, CDataObject* value) override;
     bool SetValue(long fid, CValue const& value) override;
+    ///@}
 
     /// The stored value through the given format, or the declared one, or the default of the value's type.
     [[nodiscard]] CString GetFormattedMfcString(long fid, CFormat const* format) override;
     /// Reads the text as a declared field's format has it and stores the value. Where a text is stored or declared, the
     /// text is stored as it is. Returns false if the field is not declared or the text cannot be read.
     bool SetFormattedMfcString(long fid, CString const& text, CFormat const* format) override;
+    /// GetFormattedMfcString on std::string.
     [[nodiscard]] std::string GetFormattedStlString(long fid, CFormat const* format) override;
+    /// SetFormattedMfcString on std::string.
     bool SetFormattedStlString(long fid, std::string const& text, CFormat const* format) override;
 
     /// Gives a number its name, type and format; values can be stored without it. Takes ownership. Returns false, and

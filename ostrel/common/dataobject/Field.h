@@ -1,4 +1,5 @@
-// One numbered field of an application class: name, type, format, and the member functions that read and write it.
+/// @file
+/// One numbered field of an application class: name, type, format, and the member functions that read and write it.
 #pragma once
 
 #include <memory>
@@ -23,9 +24,10 @@ class CFormat;
 class OSTREL_COMMON_API CField
 {
 public:
-    /// A getter of a type, and a setter: texts are returned by value and taken by constant reference.
+    /// A getter of a type; texts are returned by value.
     template <class T>
     using GetMethod = T (CDataObject::*)() const;
+    /// A setter of a type; texts are taken by constant reference.
     template <class T>
     using SetMethod = void (CDataObject::*)(detail::Argument<T>);
 
@@ -41,6 +43,7 @@ public:
     /// A field without accessors. A null name is empty. Takes ownership of the format, which may be null.
     CField(long fid, char const* name, EnType type, CFormat* format = nullptr);
 
+    ///@{
     /// A field with accessors; either may be null. Takes ownership of the format, which may be null. An accessor's name
     /// that is null, empty or begins with the digit 0 is no name.
     CField(long fid, char const* name, GetMethod<CString> getter, SetMethod<CString> setter, CFormat* format = nullptr,
@@ -69,20 +72,29 @@ public:
            char const* getterName = nullptr, char const* setterName = nullptr);
     CField(long fid, char const* name, GetMethod<CDataObject*> getter, SetMethod<CDataObject*> setter,
            CFormat* format = nullptr, char const* getterName = nullptr, char const* setterName = nullptr);
+    ///@}
 
+    /// The number by which the field is known; -2 for no field.
     [[nodiscard]] long GetFid() const noexcept { return m_fid; }
+    /// The type of the field's values, fixed at construction.
     [[nodiscard]] EnType GetType() const noexcept { return m_type; }
     /// The field's own format, owned by the field; null when the type's default format serves.
     [[nodiscard]] CFormat* GetFormat() const noexcept { return m_format.get(); }
     /// The display name.
     [[nodiscard]] std::string GetName() const { return m_name; }
+    ///@{
     /// The accessors' names as text, empty when not told.
     [[nodiscard]] std::string GetPfnGetName() const { return m_getterName; }
     [[nodiscard]] std::string GetPfnSetName() const { return m_setterName; }
+    ///@}
 
+    ///@{
+    /// Whether a getter, and a setter, was given.
     [[nodiscard]] bool HasGetMethod() const noexcept { return m_hasGetter; }
     [[nodiscard]] bool HasSetMethod() const noexcept { return m_hasSetter; }
+    ///@}
 
+    ///@{
     /// The accessors by type; null when the field has none or another type.
     template <detail::FieldValue T>
     [[nodiscard]] GetMethod<T> GetterOf() const noexcept
@@ -96,7 +108,10 @@ public:
         auto const* setter = std::get_if<SetMethod<T>>(&m_setter);
         return setter != nullptr ? *setter : nullptr;
     }
+    ///@}
 
+    ///@{
+    /// The getter if the field has exactly this type, else null.
     [[nodiscard]] GetMethod<CString> PfnGetMfcString() const noexcept { return GetterOf<CString>(); }
     [[nodiscard]] GetMethod<std::string> PfnGetStlString() const noexcept { return GetterOf<std::string>(); }
     [[nodiscard]] GetMethod<char> PfnGetChar() const noexcept { return GetterOf<char>(); }
@@ -110,7 +125,10 @@ public:
     [[nodiscard]] GetMethod<float> PfnGetFloat() const noexcept { return GetterOf<float>(); }
     [[nodiscard]] GetMethod<double> PfnGetDouble() const noexcept { return GetterOf<double>(); }
     [[nodiscard]] GetMethod<CDataObject*> PfnGetObjectPtr() const noexcept { return GetterOf<CDataObject*>(); }
+    ///@}
 
+    ///@{
+    /// The setter if the field has exactly this type, else null.
     [[nodiscard]] SetMethod<CString> PfnSetMfcString() const noexcept { return SetterOf<CString>(); }
     [[nodiscard]] SetMethod<std::string> PfnSetStlString() const noexcept { return SetterOf<std::string>(); }
     [[nodiscard]] SetMethod<char> PfnSetChar() const noexcept { return SetterOf<char>(); }
@@ -124,6 +142,7 @@ public:
     [[nodiscard]] SetMethod<float> PfnSetFloat() const noexcept { return SetterOf<float>(); }
     [[nodiscard]] SetMethod<double> PfnSetDouble() const noexcept { return SetterOf<double>(); }
     [[nodiscard]] SetMethod<CDataObject*> PfnSetObjectPtr() const noexcept { return SetterOf<CDataObject*>(); }
+    ///@}
 
 private:
     template <template <class> class Method>

@@ -1,8 +1,5 @@
-// The fields of one class, found by number. A map points to the map of the parent class; what it does not find itself,
-// the parent is asked for.
-//
-// A map is filled once, indexed once and then only read: one static object per class, any thread may read it. Nothing
-// is locked.
+/// @file
+/// The fields of one class, found by number.
 #pragma once
 
 #include <map>
@@ -17,6 +14,11 @@
 namespace Ostrel::Common
 {
 
+/// The fields of one class, found by number. A map points to the map of the parent class; what it does not find itself,
+/// the parent is asked for.
+///
+/// A map is filled once, indexed once and then only read: one static object per class, any thread may read it. Nothing
+/// is locked.
 class OSTREL_COMMON_API CFieldMap
 {
 public:
@@ -35,8 +37,11 @@ public:
     [[nodiscard]] CField* GetField(long fid) const noexcept;
     /// Inserts the fields of this map, not of its parents. The set is not cleared.
     void GetAllFields(std::set<CField*>& fields) const;
+    ///@{
+    /// The map of the parent class; null without one.
     [[nodiscard]] CFieldMap const* GetParentMap() const noexcept { return m_parent; }
     [[nodiscard]] CFieldMap* GetParentMap() noexcept { return m_parent; }
+    ///@}
     /// Builds the index for quick look-ups, once, after the last field. Does nothing while there is no field.
     void InitHash();
 

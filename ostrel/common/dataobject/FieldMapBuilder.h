@@ -1,20 +1,5 @@
-// Declares the fields of an application class in one expression, checked by the compiler: the type of a field is
-// deduced from its accessors, and accessors of any other than the thirteen field types do not compile.
-//
-//     CFieldMap const* CQuote::GetFieldMap() const
-//     {
-//         static auto const map = CFieldMapBuilder<CQuote>(CInstrument::Fields())
-//                                     .Field(kBid, "Bid", OSTREL_FIELD(CQuote, GetBid, SetBid), new CDoubleFormat(2))
-//                                     .Field(kAge, "Age", OSTREL_READONLY_FIELD(CQuote, GetAge))
-//                                     .Field(kNote, "Note", &CQuote::GetNote, &CQuote::SetNote)
-//                                     .Build();
-//         return map.get();
-//     }
-//
-// A getter is `T Get() const`; a setter is `void Set(T)`, for the text types `void Set(T const&)`. T is CString,
-// std::string, char, unsigned char, short, unsigned short, long, unsigned long, __int64, bool, float, double or
-// CDataObject*. They may be private (inside the class's own functions), noexcept, and declared in a base class that is
-// itself derived from CDataObject.
+/// @file
+/// Declares the fields of an application class in one expression.
 #pragma once
 
 #include <concepts>
@@ -34,6 +19,7 @@
     {                                                                                                                  \
         &Class::Getter, &Class::Setter, #Getter, #Setter                                                               \
     }
+/// The getter of a field that cannot be set, with its name as text, for CFieldMapBuilder::Field.
 #define OSTREL_READONLY_FIELD(Class, Getter)                                                                           \
     ::Ostrel::Common::CFieldAccessors                                                                                  \
     {                                                                                                                  \
@@ -43,15 +29,16 @@
 namespace Ostrel::Common
 {
 
-/// What OSTREL_FIELD makes.
+/// What OSTREL_FIELD makes: the two accessors, of which one may be nullptr, and their names, which may be null.
 template <class Getter, class Setter>
 struct CFieldAccessors
 {
-    Getter getter;
-    Setter setter;
-    char const* getterName;
-    char const* setterName;
+    Getter getter;          ///< reads the value
+    Setter setter;          ///< writes the value
+    char const* getterName; ///< the getter's name as text
+    char const* setterName; ///< the setter's name as text
 };
+/// The types follow from the accessors.
 template <class Getter, class Setter>
 CFieldAccessors(Getter, Setter, char const*, char const*) -> CFieldAccessors<Getter, Setter>;
 
@@ -112,6 +99,24 @@ struct AccessorPairTraits<std::nullptr_t, Setter> : SetterTraits<Setter>
 
 } // namespace detail
 
+/// Declares the fields of an application class in one expression, checked by the compiler: the type of a field is
+/// deduced from its accessors, and accessors of any other than the thirteen field types do not compile.
+///
+///     CFieldMap const* CQuote::GetFieldMap() const
+///     {
+///         static auto const map = CFieldMapBuilder<CQuote>(CInstrument::Fields())
+///                                     .Field(kBid, "Bid", OSTREL_FIELD(CQuote, GetBid, SetBid), new CDoubleFormat(2))
+///                                     .Field(kAge, "Age", OSTREL_READONLY_FIELD(CQuote, GetAge))
+///                                     .Field(kNote, "Note", &CQuote::GetNote, &CQuote::SetNote)
+///                                     .Build();
+///         return map.get();
+///     }
+///
+/// A getter is `T Get() const`; a setter is `void Set(T)`, for the text types `void Set(T const&)`. T is CString,
+/// std::string, char, unsigned char, short, unsigned short, long, unsigned long, __int64, bool, float, double or
+/// CDataObject*. They may be private (inside the class's own functions), noexcept, and declared in a base class that is
+/// itself derived from CDataObject.
+///
 /// `Class` derives from CDataObject, without virtual inheritance on the way.
 template <class Class>
 class CFieldMapBuilder
@@ -142,6 +147,7 @@ public:
         return *this;
     }
 
+    /// Adds a field with the accessors that OSTREL_FIELD or OSTREL_READONLY_FIELD names.
     template <class Getter, class Setter>
     requires detail::FieldAccessorPair<Getter, Setter> CFieldMapBuilder&
     Field(long fid, char const* name, CFieldAccessors<Getter, Setter> accessors, CFormat* format = nullptr)

@@ -1,4 +1,5 @@
-// Makes data objects by the name of their class, for objects that are restored from a stream.
+/// @file
+/// Makes data objects by the name of their class, for objects that are restored from a stream.
 #pragma once
 
 #include <string>

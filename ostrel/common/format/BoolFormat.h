@@ -1,4 +1,5 @@
-// The format of `bool` fields.
+/// @file
+/// The format of `bool` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/TypedFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CBoolFormat : public detail::TypedFormat<CBoolFormat, bool>
 {
 public:
-    static constexpr char const* kClassName = "CBoolFormat";
+    static constexpr char const* kClassName = "CBoolFormat"; ///< the bare class name
 
     CBoolFormat() noexcept = default;
 

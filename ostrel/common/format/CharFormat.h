@@ -1,4 +1,5 @@
-// The format of `char` fields.
+/// @file
+/// The format of `char` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/ByteFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CCharFormat : public detail::ByteFormat<CCharFormat, char>
 {
 public:
-    static constexpr char const* kClassName = "CCharFormat";
+    static constexpr char const* kClassName = "CCharFormat"; ///< the bare class name
 
     /// `flag` is stored with the settings and has no effect. `hexPrefix`, `leadingZeros`: whether hexadecimal text
     /// starts with "0x" and always has two digits.

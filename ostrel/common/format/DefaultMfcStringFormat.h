@@ -1,4 +1,5 @@
-// The format of `CString` fields.
+/// @file
+/// The format of `CString` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/RegisteredFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CDefaultMfcStringFormat : public detail::RegisteredFormat<CDefaultMfcStringFormat>
 {
 public:
-    static constexpr char const* kClassName = "CDefaultMfcStringFormat";
+    static constexpr char const* kClassName = "CDefaultMfcStringFormat"; ///< the bare class name
 
     CDefaultMfcStringFormat() noexcept : RegisteredFormat(TypeMfcString) {}
 

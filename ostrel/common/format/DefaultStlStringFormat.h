@@ -1,4 +1,5 @@
-// The format of `std::string` fields.
+/// @file
+/// The format of `std::string` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/TypedFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CDefaultStlStringFormat : public detail::TypedFormat<CDefaultStlStringFormat, std::string>
 {
 public:
-    static constexpr char const* kClassName = "CDefaultStlStringFormat";
+    static constexpr char const* kClassName = "CDefaultStlStringFormat"; ///< the bare class name
 
     CDefaultStlStringFormat() noexcept = default;
 

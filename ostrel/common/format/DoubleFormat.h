@@ -1,4 +1,5 @@
-// The format of `double` fields.
+/// @file
+/// The format of `double` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/FloatingFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CDoubleFormat : public detail::FloatingFormat<CDoubleFormat, double>
 {
 public:
-    static constexpr char const* kClassName = "CDoubleFormat";
+    static constexpr char const* kClassName = "CDoubleFormat"; ///< the bare class name
 
     /// `precision`: the number of decimals, brought into 0 to 9. `trailingZeros`: whether decimals that are 0 are
     /// written. `showZero`: whether a number that counts as 0 is written at all. `prefix` and `suffix` enclose the

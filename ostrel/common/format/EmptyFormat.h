@@ -1,4 +1,5 @@
-// The format of what has no text: object pointers and empty values.
+/// @file
+/// The format of what has no text: object pointers and empty values.
 #pragma once
 
 #include <ostrel/common/format/detail/RegisteredFormat.h>
@@ -10,8 +11,9 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CEmptyFormat : public detail::RegisteredFormat<CEmptyFormat>
 {
 public:
-    static constexpr char const* kClassName = "CEmptyFormat";
+    static constexpr char const* kClassName = "CEmptyFormat"; ///< the bare class name
 
+    /// A format of a type, of whose values it shows nothing.
     explicit CEmptyFormat(EnType type) noexcept : RegisteredFormat(type) {}
 
     using CFormat::FormatMfc;

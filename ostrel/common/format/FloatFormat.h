@@ -1,4 +1,5 @@
-// The format of `float` fields.
+/// @file
+/// The format of `float` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/FloatingFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CFloatFormat : public detail::FloatingFormat<CFloatFormat, float>
 {
 public:
-    static constexpr char const* kClassName = "CFloatFormat";
+    static constexpr char const* kClassName = "CFloatFormat"; ///< the bare class name
 
     /// `precision`: the number of decimals, brought into 0 to 6. `trailingZeros`: whether decimals that are 0 are
     /// written. `showZero`: whether a number that counts as 0 is written at all. `prefix` and `suffix` enclose the

@@ -1,8 +1,5 @@
-// A format turns values of one type into text and reads such text back. Each conversion exists on std::string (Stl)
-// and on CString (Mfc). A format handles exactly one type: asked for another it gives an empty text or fails to parse.
-//
-// Formats are values behind a pointer: duplicated by Clone, immutable apart from their setters and from restoring, and
-// free of side effects in every conversion, so that one format may serve many fields, columns and threads at once.
+/// @file
+/// Values to text and back.
 #pragma once
 
 #include <string>
@@ -19,6 +16,13 @@ class CDataObject;
 class CSerializer;
 class CValue;
 
+/// A format turns values of one type into text and reads such text back. Each conversion exists on std::string (Stl)
+/// and on CString (Mfc). A format handles exactly one type: asked for another it gives an empty text or fails to parse.
+///
+/// Formats are values behind a pointer: duplicated by Clone, immutable apart from their setters and from restoring, and
+/// free of side effects in every conversion, so that one format may serve many fields, columns and threads at once.
+///
+/// In all conversions `object` is the data object whose field is converted, or null. It is not owned and not kept.
 class OSTREL_COMMON_API CFormat
 {
 public:
@@ -28,10 +32,9 @@ public:
     /// The one type that the format converts.
     [[nodiscard]] EnType GetType() const noexcept { return m_type; }
 
-    // In all conversions `object` is the data object whose field is converted, or null. It is not owned and not kept.
-
     /// The text of a value of the format's type; of the other text type too. Empty for any other value.
     [[nodiscard]] virtual CString FormatMfc(CValue const& value, CDataObject const* object = nullptr) const;
+    ///@{
     /// The text of a value. The base gives an empty text; a format overrides the one of its type.
     [[nodiscard]] virtual CString FormatMfc(CDataObject* value, CDataObject const* object = nullptr) const;
     [[nodiscard]] virtual CString FormatMfc(double value, CDataObject const* object = nullptr) const;
@@ -46,11 +49,13 @@ public:
     [[nodiscard]] virtual CString FormatMfc(char value, CDataObject const* object = nullptr) const;
     [[nodiscard]] virtual CString FormatMfc(std::string const& value, CDataObject const* object = nullptr) const;
     [[nodiscard]] virtual CString FormatMfc(CString const& value, CDataObject const* object = nullptr) const;
+    ///@}
 
     /// Reads a text as the format's type. An empty value takes the type and the payload, a value of the type takes the
     /// payload, a value of another type is left alone and the result is still true. Returns false and changes nothing
     /// if the text cannot be read.
     virtual bool ParseMfc(CString const& text, CValue& value, CDataObject const* object = nullptr) const;
+    ///@{
     /// Reads a text. Returns false and changes nothing if it cannot be read; the base always does.
     virtual bool ParseMfc(CString const& text, double& value, CDataObject const* object = nullptr) const;
     virtual bool ParseMfc(CString const& text, CDataObject*& value, CDataObject const* object = nullptr) const;
@@ -65,8 +70,10 @@ public:
     virtual bool ParseMfc(CString const& text, char& value, CDataObject const* object = nullptr) const;
     virtual bool ParseMfc(CString const& text, std::string& value, CDataObject const* object = nullptr) const;
     virtual bool ParseMfc(CString const& text, CString& value, CDataObject const* object = nullptr) const;
+    ///@}
 
-    /// The same on std::string.
+    ///@{
+    /// FormatMfc and ParseMfc on std::string.
     [[nodiscard]] virtual std::string FormatStl(CValue const& value, CDataObject const* object = nullptr) const;
     [[nodiscard]] virtual std::string FormatStl(CDataObject* value, CDataObject const* object = nullptr) const;
     [[nodiscard]] virtual std::string FormatStl(double value, CDataObject const* object = nullptr) const;
@@ -95,10 +102,13 @@ public:
     virtual bool ParseStl(std::string const& text, char& value, CDataObject const* object = nullptr) const;
     virtual bool ParseStl(std::string const& text, std::string& value, CDataObject const* object = nullptr) const;
     virtual bool ParseStl(std::string const& text, CString& value, CDataObject const* object = nullptr) const;
+    ///@}
 
-    /// True for dates and times, and for enumerations: they are edited by controls of their own.
+    ///@{
+    /// True for the formats of dates and times, and of enumerations: they are edited by controls of their own.
     [[nodiscard]] virtual bool IsDate() const;
     [[nodiscard]] virtual bool IsEnum() const;
+    ///@}
     /// A new format of the same class with the same settings. The caller owns it.
     [[nodiscard]] virtual CFormat* Clone() const = 0;
     /// The name under which the format's class is known to CFormatFactory; empty when it is not.
@@ -118,7 +128,9 @@ public:
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
 protected:
+    /// A format of one type. Only concrete formats are made, and copied by Clone.
     explicit CFormat(EnType type) noexcept : m_type(type) {}
+    /// A format of the same type.
     CFormat(CFormat const&) = default;
 
 private:

@@ -1,5 +1,6 @@
-// Makes formats by the name of their class, for formats that are restored from a stream. The library's own formats are
-// known from the first use on; applications add theirs.
+/// @file
+/// Makes formats by the name of their class, for formats that are restored from a stream. The library's own formats are
+/// known from the first use on; applications add theirs.
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
-// The format of `__int64` fields.
+/// @file
+/// The format of `__int64` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/WideIntegerFormat.h>
@@ -10,10 +11,11 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CInt64Format : public detail::WideIntegerFormat<CInt64Format, __int64>
 {
 public:
-    static constexpr char const* kClassName = "CInt64Format";
+    static constexpr char const* kClassName = "CInt64Format"; ///< the bare class name
 
-    /// `showZero`: whether 0 is written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x"
-    /// and is filled to the type's width.
+    /// `separator` stands between thousands; none unless it is printable, code 32 to 127. `showZero`: whether 0 is
+    /// written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x" and is filled to the
+    /// type's width.
     explicit CInt64Format(Style style = Decimal, bool showZero = true, char separator = ' ', bool hexPrefix = true,
                           bool leadingZeros = false) noexcept
         : WideIntegerFormat(style, showZero, separator, hexPrefix, leadingZeros)

@@ -1,4 +1,5 @@
-// The format of `long` fields that stand for one of a few named values.
+/// @file
+/// The format of `long` fields that stand for one of a few named values.
 #pragma once
 
 #include <map>
@@ -16,18 +17,21 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CLongEnumFormat : public detail::TypedFormat<CLongEnumFormat, long>
 {
 public:
-    static constexpr char const* kClassName = "CLongEnumFormat";
+    static constexpr char const* kClassName = "CLongEnumFormat"; ///< the bare class name
 
     /// One row of a static table. A null text is empty.
     struct Item
     {
-        long value;
-        char const* text;
+        long value;       ///< what the field holds
+        char const* text; ///< what is shown
     };
 
+    /// A format of values and their texts.
     explicit CLongEnumFormat(std::vector<std::pair<long, std::string>> const& items);
-    /// A null table or a count below 1 gives a format without items. The texts are copied.
+    /// The same from a static table. A null table or a count below 1 gives a format without items. The texts are
+    /// copied.
     CLongEnumFormat(Item const* items, long count);
+    /// A format with copies of the items.
     CLongEnumFormat(CLongEnumFormat const&) = default;
 
     using TypedFormat::ParseStl;

@@ -1,4 +1,5 @@
-// The format of `long` fields that hold a duration in milliseconds, such as 1:02:03.004.
+/// @file
+/// The format of `long` fields that hold a duration in milliseconds, such as 1:02:03.004.
 #pragma once
 
 #include <string>
@@ -13,20 +14,21 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CLongMsecTimeFormat : public detail::TypedFormat<CLongMsecTimeFormat, long>
 {
 public:
-    static constexpr char const* kClassName = "CLongMsecTimeFormat";
+    static constexpr char const* kClassName = "CLongMsecTimeFormat"; ///< the bare class name
 
     /// The units shown, to be combined. The largest one counts everything above it as well.
     enum Style : unsigned long
     {
-        Days = 1,
-        Hours = 2,
-        Minutes = 4,
-        Seconds = 8,
-        Milliseconds = 16
+        Days = 1,         ///< days of 24 hours, in front of the time
+        Hours = 2,        ///< hours; 0 to 23 beside Days
+        Minutes = 4,      ///< minutes; 0 to 59 beside Hours
+        Seconds = 8,      ///< seconds; 0 to 59 beside Minutes
+        Milliseconds = 16 ///< milliseconds; 0 to 999 beside Seconds
     };
 
-    /// `leadingZeros`: whether each unit is written with its full width; if not, leading units that are 0 are left out.
-    /// The suffixes stand behind the time and behind the number of days.
+    /// `style`: the units shown, a combination of Style. `leadingZeros`: whether each unit is written with its full
+    /// width; if not, leading units that are 0 are left out. The suffixes stand behind the time and behind the number
+    /// of days.
     CLongMsecTimeFormat(unsigned long style, bool leadingZeros, std::string const& timeSuffix,
                         std::string const& daysSuffix);
 
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] bool IsDate() const override { return true; }
     void Serialize(CSerializer& serializer) override;
 
+    /// The units shown, a combination of Style.
     [[nodiscard]] virtual unsigned long GetStyle() const { return m_style; }
 
     /// Appends what FormatStl gives.

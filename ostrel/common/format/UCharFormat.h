@@ -1,4 +1,5 @@
-// The format of `unsigned char` fields.
+/// @file
+/// The format of `unsigned char` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/ByteFormat.h>
@@ -10,7 +11,7 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CUCharFormat : public detail::ByteFormat<CUCharFormat, unsigned char>
 {
 public:
-    static constexpr char const* kClassName = "CUCharFormat";
+    static constexpr char const* kClassName = "CUCharFormat"; ///< the bare class name
 
     /// `flag` is stored with the settings and has no effect. `hexPrefix`, `leadingZeros`: whether hexadecimal text
     /// starts with "0x" and always has two digits.
@@ -19,6 +20,7 @@ public:
         : ByteFormat(style, flag, hexPrefix, leadingZeros)
     {}
 
+    /// Changes how the byte is shown from the next conversion on. Not while other threads convert.
     void SetStyle(Style style) noexcept { m_style = style; }
 };
 

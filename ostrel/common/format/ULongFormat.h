@@ -1,4 +1,5 @@
-// The format of `unsigned long` fields.
+/// @file
+/// The format of `unsigned long` fields.
 #pragma once
 
 #include <ostrel/common/format/detail/WideIntegerFormat.h>
@@ -10,10 +11,11 @@ namespace Ostrel::Common
 class OSTREL_COMMON_API CULongFormat : public detail::WideIntegerFormat<CULongFormat, unsigned long>
 {
 public:
-    static constexpr char const* kClassName = "CULongFormat";
+    static constexpr char const* kClassName = "CULongFormat"; ///< the bare class name
 
-    /// `showZero`: whether 0 is written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x"
-    /// and is filled to the type's width.
+    /// `separator` stands between thousands; none unless it is printable, code 32 to 127. `showZero`: whether 0 is
+    /// written at all. `hexPrefix`, `leadingZeros`: whether hexadecimal text starts with "0x" and is filled to the
+    /// type's width.
     explicit CULongFormat(Style style = Decimal, bool showZero = true, char separator = ' ', bool hexPrefix = true,
                           bool leadingZeros = false) noexcept
         : WideIntegerFormat(style, showZero, separator, hexPrefix, leadingZeros)

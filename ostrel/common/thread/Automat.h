@@ -1,5 +1,5 @@
-// A thread that executes jobs in the order in which they were pushed and sleeps in between. A derived class may do
-// periodic work of its own whenever the automaton is about to sleep.
+/// @file
+/// A thread that executes jobs in order.
 #pragma once
 
 #include <memory>
@@ -19,9 +19,12 @@ namespace detail
 class WakeUp;
 } // namespace detail
 
+/// A thread that executes jobs in the order in which they were pushed and sleeps in between. A derived class may do
+/// periodic work of its own whenever the automaton is about to sleep.
 class OSTREL_COMMON_API CAutomat : public CThread
 {
 public:
+    /// The thread does not run before Start. The name is that of the thread, for debuggers.
     explicit CAutomat(std::string const& name = std::string());
     /// Deletes the jobs that were not executed. Stop and Wait come first.
     ~CAutomat() override;

@@ -1,4 +1,5 @@
-// Writes the messages of the log to a file, one line each: when, by which thread, and the text.
+/// @file
+/// Writes the messages of the log to a file, one line each: when, by which thread, and the text.
 #pragma once
 
 #include <fstream>
@@ -12,6 +13,7 @@
 namespace Ostrel::Common
 {
 
+/// A logger that appends each message to a text file as one line. Not for two loggers on one file.
 class OSTREL_COMMON_API CFileLogger : public CLog::ILogger
 {
 public:

@@ -1,4 +1,5 @@
-// A piece of work for the thread of a CAutomat.
+/// @file
+/// A piece of work for the thread of a CAutomat.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -6,6 +7,7 @@
 namespace Ostrel::Common
 {
 
+/// Derive from it, and give a new object to CAutomat::PushJob, which deletes it when it has been executed.
 class OSTREL_COMMON_API CJob
 {
 public:

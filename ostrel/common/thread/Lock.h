@@ -1,4 +1,5 @@
-// Holds a CSyncObject for a scope.
+/// @file
+/// Holds a CSyncObject for a scope.
 #pragma once
 
 #include <ostrel/common/thread/SyncObject.h>
@@ -8,9 +9,11 @@
 namespace Ostrel::Common
 {
 
+/// Takes the lock when it is made and gives it back when its scope ends.
 class OSTREL_COMMON_API OSTREL_SCOPED_CAPABILITY CLock
 {
 public:
+    /// Waits until no other thread holds the lock, which must outlive this object.
     explicit CLock(CSyncObject& syncObject) OSTREL_ACQUIRE(syncObject) : m_syncObject(syncObject)
     {
         m_syncObject.Lock();

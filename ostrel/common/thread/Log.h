@@ -1,11 +1,5 @@
-// An asynchronous log. Any thread writes messages; one thread of the log hands them to the loggers, so that nobody who
-// writes waits for a disk:
-//
-//     static CFileLogger logger("server.log", false);
-//     CLog::AddLogger(&logger);
-//     CLog::Info("%d clients", count);
-//
-// The log's thread ends with the process. Messages that it has not taken by then are lost.
+/// @file
+/// The asynchronous log.
 #pragma once
 
 #include <concepts>
@@ -17,21 +11,33 @@
 namespace Ostrel::Common
 {
 
+/// An asynchronous log. Any thread writes messages; one thread of the log hands them to the loggers, so that nobody who
+/// writes waits for a disk:
+///
+///     static CFileLogger logger("server.log", false);
+///     CLog::AddLogger(&logger);
+///     CLog::Info("%d clients", count);
+///
+/// The log's thread ends with the process. Messages that it has not taken by then are lost.
 class OSTREL_COMMON_API CLog
 {
 public:
     /// The kind of a message. Info sends 0.
     enum Severity : int
     {
-        InfoSeverity = 0
+        InfoSeverity = 0 ///< information
     };
 
+    /// Takes the messages of the log and puts them somewhere.
     class OSTREL_COMMON_API ILogger
     {
     public:
+        ///@{
+        /// Loggers have no state of their own.
         ILogger() = default;
         ILogger(ILogger const&) = default;
         ILogger& operator=(ILogger const&) = default;
+        ///@}
         virtual ~ILogger();
 
         /// One message: when it was written, in ticks of the process clock, and by which thread. Log thread, one

@@ -1,4 +1,5 @@
-// Enters a recursion protector for a scope.
+/// @file
+/// Enters a recursion protector for a scope.
 #pragma once
 
 #include <ostrel/common/thread/RecursionProtector.h>
@@ -6,6 +7,7 @@
 namespace Ostrel::Common
 {
 
+/// Enters when it is made and leaves when its scope ends. The protector must outlive it.
 class OSTREL_COMMON_API CRecursionChecker
 {
 public:

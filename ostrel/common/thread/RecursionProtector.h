@@ -1,4 +1,5 @@
-// Refuses to enter a section that is already entered. Meant for a notification that could come back around.
+/// @file
+/// Refuses to enter a section that is already entered. Meant for a notification that could come back around.
 #pragma once
 
 #include <ostrel/common/value/CommonException.h>
@@ -15,7 +16,7 @@ public:
     class OSTREL_COMMON_API CRecursionException : public CommonException
     {
     public:
-        using CommonException::CommonException;
+        using CommonException::CommonException; ///< With the message.
     };
 
     CRecursionProtector() noexcept = default;
@@ -23,9 +24,12 @@ public:
     CRecursionProtector(CRecursionProtector const&) = delete;
     CRecursionProtector& operator=(CRecursionProtector const&) = delete;
 
-    /// Both throw CRecursionException, and change nothing, when they are called out of turn.
+    ///@{
+    /// Marks the section as entered, and as left. Each throws CRecursionException and changes nothing when it is called
+    /// out of turn: Enter inside the section, Leave outside.
     virtual void Enter();
     virtual void Leave();
+    ///@}
 
 private:
     int m_depth = 0;

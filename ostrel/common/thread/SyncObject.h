@@ -1,4 +1,5 @@
-// The one lock of the library: re-entrant, taken through CLock.
+/// @file
+/// The one lock of the library: re-entrant, taken through CLock.
 #pragma once
 
 #include <mutex>

@@ -1,16 +1,5 @@
-// One thread with a name, a request to stop and a join. A class derived from CThread gives it its body:
-//
-//     int CReader::Run()
-//     {
-//         while (!IsStopping())
-//         {
-//             ReadOne();
-//         }
-//         return 0;
-//     }
-//
-// The thread uses the object until Run returns, and the destructor neither stops nor joins: whoever owns a CThread
-// calls Stop and Wait before it dies.
+/// @file
+/// One thread with a name, a request to stop and a join.
 #pragma once
 
 #include <atomic>
@@ -24,6 +13,19 @@
 namespace Ostrel::Common
 {
 
+/// One thread with a name, a request to stop and a join. A class derived from CThread gives it its body:
+///
+///     int CReader::Run()
+///     {
+///         while (!IsStopping())
+///         {
+///             ReadOne();
+///         }
+///         return 0;
+///     }
+///
+/// The thread uses the object until Run returns, and the destructor neither stops nor joins: whoever owns a CThread
+/// calls Stop and Wait before it dies.
 class OSTREL_COMMON_API CThread
 {
 public:

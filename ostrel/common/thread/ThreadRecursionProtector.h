@@ -1,4 +1,5 @@
-// Refuses to enter a section twice on the same thread; different threads may be inside at the same time.
+/// @file
+/// Refuses to enter a section twice on the same thread; different threads may be inside at the same time.
 #pragma once
 
 #include <thread>
@@ -10,15 +11,19 @@
 namespace Ostrel::Common
 {
 
+/// Admits each thread once. May be used by any number of threads at the same time.
 class OSTREL_COMMON_API CThreadRecursionProtector : public CRecursionProtector
 {
 public:
     CThreadRecursionProtector() = default;
     ~CThreadRecursionProtector() override;
 
-    /// Any thread. Both throw CRecursionException, and change nothing, when they are called out of turn.
+    ///@{
+    /// Marks the section as entered, and as left, by this thread. Each throws CRecursionException and changes nothing
+    /// when it is called out of turn. Any thread.
     void Enter() override;
     void Leave() override;
+    ///@}
 
 private:
     CSyncObject m_lock;

@@ -1,20 +1,5 @@
-// A service of one-shot timers in milliseconds. One thread of its own serves all timers of the process and calls their
-// clients:
-//
-//     class CRefresh final : public CTimer::ICallBack
-//     {
-//         void OnTimer(int id) override
-//         {
-//             Refresh();
-//             CTimer::StartTimer(this, id, 1000); // a periodic timer starts itself again
-//         }
-//     };
-//
-// A timer is known by its client and a number of the client's choice. OnTimer runs on the timer thread, beside the
-// client's own threads, and a client stops its timers before it dies. Nothing in the library starts the service.
-//
-// Due times are ticks of the process clock. A clock that a test turns by hand wakes nobody: the timer thread looks at
-// it after every request, so StopTimer for any timer lets it look.
+/// @file
+/// A service of one-shot timers.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -22,15 +7,36 @@
 namespace Ostrel::Common
 {
 
+/// A service of one-shot timers in milliseconds. One thread of its own serves all timers of the process and calls their
+/// clients:
+///
+///     class CRefresh final : public CTimer::ICallBack
+///     {
+///         void OnTimer(int id) override
+///         {
+///             Refresh();
+///             CTimer::StartTimer(this, id, 1000); // a periodic timer starts itself again
+///         }
+///     };
+///
+/// A timer is known by its client and a number of the client's choice. OnTimer runs on the timer thread, beside the
+/// client's own threads, and a client stops its timers before it dies. Nothing in the library starts the service.
+///
+/// Due times are ticks of the process clock. A clock that a test turns by hand wakes nobody: the timer thread looks at
+/// it after every request, so StopTimer for any timer lets it look.
 class OSTREL_COMMON_API CTimer
 {
 public:
+    /// A client of the service.
     class OSTREL_COMMON_API ICallBack
     {
     public:
+        ///@{
+        /// Clients have no state that the service knows.
         ICallBack() = default;
         ICallBack(ICallBack const&) = default;
         ICallBack& operator=(ICallBack const&) = default;
+        ///@}
         virtual ~ICallBack();
 
         /// The timer is due. It is gone by now and may be started again. Timer thread, no lock of the library held.

@@ -1,4 +1,5 @@
-// The base of the exceptions that the library itself throws.
+/// @file
+/// The base of the exceptions that the library itself throws.
 #pragma once
 
 #include <exception>
@@ -10,9 +11,11 @@
 namespace Ostrel::Common
 {
 
+/// What the library throws. Catch it, or std::exception, to catch them all.
 class OSTREL_COMMON_API CommonException : public std::exception
 {
 public:
+    /// An exception with the text that what() gives.
     explicit CommonException(std::string message) : m_message(std::move(message)) {}
 
     /// The message given at construction.

@@ -1,8 +1,5 @@
-// The library's own binary stream: it either stores, growing a buffer of bytes, or restores, reading one front to
-// back. The stream is nothing but the written primitives one after another, little-endian, without alignment, padding
-// or tags. Texts are a 4-byte length and, unless it is 0, the bytes with a terminating zero byte.
-//
-// One thread uses a serializer at a time. Copies are deep.
+/// @file
+/// The library's own binary stream.
 #pragma once
 
 #include <cstddef>
@@ -22,36 +19,45 @@ class CDataObject;
 class CFormat;
 class CValue;
 
+/// The library's own binary stream: it either stores, growing a buffer of bytes, or restores, reading one front to
+/// back. The stream is nothing but the written primitives one after another, little-endian, without alignment, padding
+/// or tags. Texts are a 4-byte length and, unless it is 0, the bytes with a terminating zero byte.
+///
+/// One thread uses a serializer at a time. Copies are deep.
 class OSTREL_COMMON_API CSerializer
 {
 public:
     /// The direction, fixed for the serializer's life.
     enum Mode : int
     {
-        ModeStore = 0,
-        ModeRestore = 1
+        ModeStore = 0,  ///< only writes
+        ModeRestore = 1 ///< only reads
     };
 
     /// Misuse of the mode, and reading past the end.
     class OSTREL_COMMON_API SerializationException : public CommonException
     {
     public:
-        using CommonException::CommonException;
+        using CommonException::CommonException; ///< With the message.
     };
 
     /// A stored version that the reader does not know.
     class OSTREL_COMMON_API BadVersionException : public CommonException
     {
     public:
-        using CommonException::CommonException;
+        using CommonException::CommonException; ///< With the message.
     };
 
+    /// An empty serializer. To restore, give it its bytes by LoadFromBuffer.
     explicit CSerializer(Mode mode) noexcept : m_mode(mode) {}
+    ~CSerializer() = default;
+    ///@{
     /// Copies take the other's mode and bytes and start reading at the beginning.
     CSerializer(CSerializer const& other);
     CSerializer& operator=(CSerializer const& other);
-    ~CSerializer() = default;
+    ///@}
 
+    /// The direction given at construction, or taken from the other serializer by assignment.
     [[nodiscard]] Mode GetMode() const noexcept { return m_mode; }
 
     /// Appends bytes. Returns false and appends nothing if `data` is null or `size` below 1. Throws
@@ -61,6 +67,7 @@ public:
     /// it was, in store mode, if `data` is null or `size` below 1, and if fewer bytes remain.
     bool Read(void* data, int size);
 
+    ///@{
     /// Store one primitive; throw SerializationException in restore mode. `long` is stored in 4 bytes.
     CSerializer& operator<<(char value);
     CSerializer& operator<<(unsigned char value);
@@ -76,9 +83,11 @@ public:
     CSerializer& operator<<(bool value);
     CSerializer& operator<<(std::string const& text);
     CSerializer& operator<<(CString const& text);
+    ///@}
     /// A plain character pointer would be stored as a `bool`.
     CSerializer& operator<<(char const*) = delete;
 
+    ///@{
     /// Restore one primitive; throw SerializationException in store mode and when too few bytes remain, with the
     /// operand and the read position unchanged. A text ends at its first zero byte.
     CSerializer& operator>>(char& value);
@@ -95,7 +104,9 @@ public:
     CSerializer& operator>>(bool& value);
     CSerializer& operator>>(std::string& text);
     CSerializer& operator>>(CString& text);
+    ///@}
 
+    ///@{
     /// All of these call the argument's Serialize: the mode alone decides whether it stores or restores.
     CSerializer& operator<<(CValue const& value);
     CSerializer& operator>>(CValue& value);
@@ -103,6 +114,7 @@ public:
     CSerializer& operator>>(CDataObject& object);
     CSerializer& operator<<(CFormat const& format);
     CSerializer& operator>>(CFormat& format);
+    ///@}
 
     /// The number of bytes in the buffer.
     [[nodiscard]] int GetSavingSize() const noexcept { return static_cast<int>(m_buffer.size()); }

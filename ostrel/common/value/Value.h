@@ -1,9 +1,5 @@
-// One value of any field type: a payload of 64 bits and a tag. A value is strict: it never converts. A typed read of
-// another type yields zero or an empty text, a typed write of another type is ignored, and values of different types
-// are neither equal nor ordered.
-//
-// A value is used by one thread at a time; copies are independent. Scalars never allocate; each of the two text types
-// owns one string object.
+/// @file
+/// One value of any field type.
 #pragma once
 
 #include <compare>
@@ -24,16 +20,24 @@ namespace Ostrel::Common
 class CFormat;
 class CSerializer;
 
+/// One value of any field type: a payload of 64 bits and a tag. A value is strict: it never converts. A typed read of
+/// another type yields zero or an empty text, a typed write of another type is ignored, and values of different types
+/// are neither equal nor ordered.
+///
+/// A value is used by one thread at a time; copies are independent. Scalars never allocate; each of the two text types
+/// owns one string object.
 class OSTREL_COMMON_API CValue
 {
 public:
     /// An empty value.
     CValue() noexcept = default;
+    /// A value with the type and a copy of the payload.
     CValue(CValue const& other);
     /// Takes the payload; the other value becomes empty.
     CValue(CValue&& other) noexcept;
     ~CValue() { Release(); }
 
+    ///@{
     /// A value of the argument's type. `long` and `unsigned long` keep their low 32 bits. An object is not owned.
     CValue(CString const& value);
     CValue(std::string const& value);
@@ -50,17 +54,22 @@ public:
     CValue(float value) noexcept : m_type(TypeFloat) { Put(value); }
     CValue(double value) noexcept : m_type(TypeDouble) { Put(value); }
     CValue(CDataObject* value) noexcept : m_type(TypeObjectPtr) { Put(value); }
+    ///@}
     /// A plain character pointer, or any pointer but a data object's, would become a `bool`: say which text type is
     /// meant, CValue(std::string("text")) or CValue(CString("text")).
     template <detail::ForeignPointer P>
     CValue(P) = delete;
 
+    /// The type of the payload; TypeEmpty for an empty value.
     [[nodiscard]] EnType GetType() const noexcept { return m_type; }
 
+    ///@{
     /// Takes the other value's type and payload, whatever the type was.
     CValue& operator=(CValue const& other);
     CValue& operator=(CValue&& other) noexcept;
+    ///@}
 
+    ///@{
     /// Typed writes: replace the payload of a value of that type, or give an empty value the type and the payload.
     /// Nothing happens to a value of any other type.
     CValue& operator=(CString const& value);
@@ -78,7 +87,9 @@ public:
     CValue& operator=(CDataObject* value) noexcept { return Assign(value); }
     template <detail::ForeignPointer P>
     CValue& operator=(P) = delete;
+    ///@}
 
+    ///@{
     /// Typed reads: the payload when the type is exactly that one, else zero, false, null or a shared empty text.
     /// References stay valid until the value changes.
     operator CString const&() const noexcept;
@@ -94,6 +105,7 @@ public:
     operator float() const noexcept { return Read<float>(); }
     operator double() const noexcept { return Read<double>(); }
     operator CDataObject*() const noexcept { return Read<CDataObject*>(); }
+    ///@}
 
     /// Equality of type and payload. Two empty values are equal. CString compares up to its first zero byte.
     [[nodiscard]] friend bool operator==(CValue const& a, CValue const& b) noexcept { return a.EqualsValue(b); }
@@ -103,6 +115,7 @@ public:
         return a.OrderValue(b);
     }
 
+    ///@{
     /// The same against an operand of one type; a value of any other type is neither equal to it nor ordered.
     [[nodiscard]] bool operator==(CString const& operand) const noexcept { return Equals(operand); }
     [[nodiscard]] bool operator==(std::string const& operand) const noexcept { return Equals(operand); }
@@ -137,15 +150,20 @@ public:
     [[nodiscard]] std::partial_ordering operator<=>(CDataObject* operand) const noexcept { return Order(operand); }
     template <detail::ForeignPointer P>
     std::partial_ordering operator<=>(P) const = delete;
+    ///@}
 
+    ///@{
     /// The text of the value through a format; a null format means the type's default format, and for the text types
     /// the text itself. Empty for an empty value and for a type that the format does not handle.
     [[nodiscard]] std::string FormatStl(CFormat const* format) const;
     [[nodiscard]] CString FormatMfc(CFormat const* format) const;
+    ///@}
+    ///@{
     /// Reads a text as the value's own type. Returns false and changes nothing if the value is empty or the format
     /// rejects the text. A null format as above.
     bool ParseStl(CFormat const* format, std::string const& text);
     bool ParseMfc(CFormat const* format, CString const& text);
+    ///@}
 
     /// Stores the record (version, type, payload) or restores one, as the serializer's mode tells. An object pointer
     /// is stored without its payload and comes back empty. On restoring, an exception of the serializer leaves the
@@ -154,9 +172,11 @@ public:
     /// The version of the record that is written. Any later version is read as this one.
     [[nodiscard]] static unsigned char GetSerializeVertion() noexcept { return 1; }
 
+    ///@{
     /// The texts that a read of the wrong type yields; they live as long as the process.
     [[nodiscard]] static CString const& GetEmptyMfcString() noexcept;
     [[nodiscard]] static std::string const& GetEmptyStlString() noexcept;
+    ///@}
 
 private:
     union Payload {

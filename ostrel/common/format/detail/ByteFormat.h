@@ -1,4 +1,5 @@
-// The formats of the two byte types: the number, its hexadecimal digits, or the byte as one character.
+/// @file
+/// The formats of the two byte types: the number, its hexadecimal digits, or the byte as one character.
 #pragma once
 
 #include <charconv>
@@ -12,17 +13,20 @@
 namespace Ostrel::Common::detail
 {
 
+/// What CCharFormat and CUCharFormat have in common.
 template <class Derived, FieldValue T>
 class OSTREL_COMMON_API ByteFormat : public TypedFormat<Derived, T>
 {
 public:
+    /// How the byte is shown.
     enum Style : int
     {
-        Decimal = 0,
-        Hex = 1,
-        Character = 2
+        Decimal = 0,  ///< the number
+        Hex = 1,      ///< hexadecimal digits
+        Character = 2 ///< the byte as one character of text; nothing for 0
     };
 
+    /// How the byte is shown.
     [[nodiscard]] Style GetStyle() const noexcept { return m_style; }
 
     using TypedFormat<Derived, T>::ParseStl;
@@ -33,15 +37,18 @@ public:
     /// Appends what FormatStl gives.
     void AppendStl(std::string& text, T value) const;
 
+    /// Stores the version and the settings, or restores them; see CFormat::Serialize.
     void Serialize(CSerializer& serializer) override;
 
 protected:
+    /// The settings as the constructor of the format takes them.
     ByteFormat(Style style, bool flag, bool hexPrefix, bool leadingZeros) noexcept
         : m_style(style), m_flag(flag), m_hexPrefix(hexPrefix), m_leadingZeros(leadingZeros)
     {}
+    /// Copies the settings; for Clone.
     ByteFormat(ByteFormat const&) = default;
 
-    Style m_style;
+    Style m_style; ///< how the byte is shown
 
 private:
     static bool ParseDecimal(std::string const& text, T& value);

@@ -1,4 +1,5 @@
-// The formats of the two floating-point types.
+/// @file
+/// The formats of the two floating-point types.
 #pragma once
 
 #include <string>
@@ -9,6 +10,7 @@
 namespace Ostrel::Common::detail
 {
 
+/// What CFloatFormat and CDoubleFormat have in common.
 template <class Derived, FieldValue F>
 class OSTREL_COMMON_API FloatingFormat : public TypedFormat<Derived, F>
 {
@@ -25,6 +27,7 @@ public:
     /// Appends what FormatStl gives.
     void AppendStl(std::string& text, F value) const { AppendFloat<F>(text, m_settings, value); }
 
+    /// Stores the version and the settings, or restores them; see CFormat::Serialize.
     void Serialize(CSerializer& serializer) override
     {
         this->SerializeSettings(
@@ -45,10 +48,12 @@ public:
     }
 
 protected:
+    /// The settings, with the precision brought into the range of the type.
     explicit FloatingFormat(FloatSettings const& settings) noexcept : m_settings(settings)
     {
         m_settings.precision = ClampPrecision<F>(settings.precision);
     }
+    /// Copies the settings; for Clone.
     FloatingFormat(FloatingFormat const&) = default;
 
 private:

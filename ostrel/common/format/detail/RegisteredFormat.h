@@ -1,5 +1,6 @@
-// What every format class of the library has alike: its name, its factory function, cloning, and the version frame
-// around its stored settings. A derived class tells its bare name as `kClassName`.
+/// @file
+/// What every format class of the library has alike: its name, its factory function, cloning, and the version frame
+/// around its stored settings. A derived class tells its bare name as `kClassName`.
 #pragma once
 
 #include <string>
@@ -15,6 +16,7 @@ namespace Ostrel::Common::detail
 /// Throws CSerializer::BadVersionException in the name of a format class.
 [[noreturn]] OSTREL_COMMON_API void ThrowBadFormatVersion(char const* className);
 
+/// What every format class of the library has alike.
 template <class Derived>
 class OSTREL_COMMON_API RegisteredFormat : public CFormat
 {
@@ -23,6 +25,7 @@ public:
     class Dummy
     {
     public:
+        /// Registers the class.
         Dummy() { CFormatFactory::RegisterFormat(Derived::GetFormatClassName(), &Derived::CreateFormat); }
     };
 
@@ -31,9 +34,13 @@ public:
     /// The name under which the factory knows the class.
     [[nodiscard]] static std::string GetFormatClassName() { return std::string("Common::") + Derived::kClassName; }
 
+    /// A new format of the class with the same settings. The caller owns it.
     [[nodiscard]] CFormat* Clone() const override { return new Derived(static_cast<Derived const&>(*this)); }
+    /// The name under which the factory knows the class.
     [[nodiscard]] std::string GetFormatName() override { return GetFormatClassName(); }
+    /// True.
     [[nodiscard]] bool IsSerializableType() const override { return true; }
+    /// Stores the version, or restores it; see CFormat::Serialize.
     void Serialize(CSerializer& serializer) override
     {
         SerializeSettings(
@@ -41,7 +48,9 @@ public:
     }
 
 protected:
+    /// A format of one type.
     explicit RegisteredFormat(EnType type) noexcept : CFormat(type) {}
+    /// Copies the type; for Clone.
     RegisteredFormat(RegisteredFormat const&) = default;
 
     /// The version, then the settings: `store` writes them, `restore` reads all of them before it changes any.

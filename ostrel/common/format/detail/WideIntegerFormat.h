@@ -1,4 +1,5 @@
-// The formats of the integers of 16 bits and more: decimal with a thousands separator, or hexadecimal.
+/// @file
+/// The formats of the integers of 16 bits and more: decimal with a thousands separator, or hexadecimal.
 #pragma once
 
 #include <cstdint>
@@ -13,20 +14,25 @@
 namespace Ostrel::Common::detail
 {
 
+/// What the formats of the integers of 16 bits and more have in common.
 template <class Derived, FieldValue T>
 class OSTREL_COMMON_API WideIntegerFormat : public TypedFormat<Derived, T>
 {
 public:
+    /// How the number is shown.
     enum Style : int
     {
-        Decimal = 0,
-        Hex = 1
+        Decimal = 0, ///< the number with a thousands separator
+        Hex = 1      ///< hexadecimal digits without a sign
     };
 
+    /// How the number is shown.
     [[nodiscard]] Style GetStyle() const noexcept { return m_style; }
+    /// Changes how the number is shown. Not while other threads convert.
     void SetStyle(Style style) noexcept { m_style = style; }
     /// The thousands separator of decimal text; none unless it is printable, code 32 to 127.
     [[nodiscard]] char GetSeparator() const noexcept { return m_separator; }
+    /// Changes the thousands separator. Not while other threads convert.
     void SetSeparator(char separator) noexcept { m_separator = separator; }
 
     using TypedFormat<Derived, T>::ParseStl;
@@ -38,9 +44,11 @@ public:
     /// Appends what FormatStl gives.
     void AppendStl(std::string& text, T value) const;
 
+    /// Stores the version and the settings, or restores them; see CFormat::Serialize.
     void Serialize(CSerializer& serializer) override;
 
 protected:
+    /// The settings as the constructor of the format takes them.
     WideIntegerFormat(Style style, bool showZero, char separator, bool hexPrefix, bool leadingZeros) noexcept
         : m_style(style),
           m_showZero(showZero),
@@ -48,6 +56,7 @@ protected:
           m_hexPrefix(hexPrefix),
           m_leadingZeros(leadingZeros)
     {}
+    /// Copies the settings; for Clone.
     WideIntegerFormat(WideIntegerFormat const&) = default;
 
 private:
