@@ -1,23 +1,5 @@
-// A binary stream of numbers, texts and objects over a file, in one direction for its whole life.
-//
-//     CMemFile file;
-//     CArchive archive(&file, CArchive::store);
-//     archive << 1 << CString("name");
-//     archive.Close();
-//
-// Layout: numbers are fixed-width little-endian without padding or tags; `int`, `long`, `unsigned long` take 4 bytes,
-// `bool` one. A text is its length in bytes (a byte; from 255 on 0xFF and a WORD; from 0xFFFE on 0xFF, WORD 0xFFFF and
-// a DWORD) and its bytes. Classes and objects share one numbering that begins at 1, in the order in which they are
-// first met:
-//
-//     null object            WORD 0
-//     class, first time      WORD 0xFFFF, WORD schema, WORD length, the name's bytes
-//     class, met before      WORD 0x8000 | number; from 0x7FFF on WORD 0x7FFF, DWORD 0x80000000 | number
-//     object, first time     its class as above, then what its Serialize writes
-//     object, met before     WORD number; from 0x7FFF on WORD 0x7FFF, DWORD number
-//
-// Failures are CArchiveException objects thrown by pointer, and those of the file. After one the archive can only be
-// closed or destroyed. One thread at a time.
+/// @file
+/// A binary stream of numbers, texts and objects over a file.
 #pragma once
 
 #include <array>
@@ -38,13 +20,34 @@
 
 class CFile;
 
+/// A binary stream of numbers, texts and objects over a file, in one direction for its whole life.
+///
+///     CMemFile file;
+///     CArchive archive(&file, CArchive::store);
+///     archive << 1 << CString("name");
+///     archive.Close();
+///
+/// Layout: numbers are fixed-width little-endian without padding or tags; `int`, `long`, `unsigned long` take 4 bytes,
+/// `bool` one. A text is its length in bytes (a byte; from 255 on 0xFF and a WORD; from 0xFFFE on 0xFF, WORD 0xFFFF and
+/// a DWORD) and its bytes. Classes and objects share one numbering that begins at 1, in the order in which they are
+/// first met:
+///
+///     null object            WORD 0
+///     class, first time      WORD 0xFFFF, WORD schema, WORD length, the name's bytes
+///     class, met before      WORD 0x8000 | number; from 0x7FFF on WORD 0x7FFF, DWORD 0x80000000 | number
+///     object, first time     its class as above, then what its Serialize writes
+///     object, met before     WORD number; from 0x7FFF on WORD 0x7FFF, DWORD number
+///
+/// Failures are CArchiveException objects thrown by pointer, and those of the file. After one the archive can only be
+/// closed or destroyed. One thread at a time.
 class OSTREL_BASE_API CArchive
 {
 public:
+    /// The direction, fixed for the archive's life.
     enum Mode : UINT
     {
-        store = 0,
-        load = 1,
+        store = 0,           ///< writes
+        load = 1,            ///< reads
         bNoFlushOnDelete = 2 ///< with store or load: the destructor abandons instead of closing
     };
 
@@ -55,9 +58,12 @@ public:
     CArchive(CArchive const&) = delete;
     CArchive& operator=(CArchive const&) = delete;
 
+    ///@{
+    /// The direction.
     [[nodiscard]] BOOL IsLoading() const noexcept { return (m_mode & load) != 0; }
     [[nodiscard]] BOOL IsStoring() const noexcept { return (m_mode & load) == 0; }
-    /// Null after Close and Abort.
+    ///@}
+    /// The file given at construction; null after Close and Abort.
     [[nodiscard]] CFile* GetFile() const noexcept { return m_file; }
 
     /// Brings the file to the archive's place: writes what is buffered, or seeks back over what was read ahead.
@@ -71,9 +77,11 @@ public:
     UINT Read(void* buffer, UINT count);
     /// Reads all bytes or throws endOfFile.
     void EnsureRead(void* buffer, UINT count);
-    /// Throws readOnly.
+    /// Writes all bytes. Throws readOnly.
     void Write(void const* buffer, UINT count);
 
+    ///@{
+    /// Writes a number; `long` and `unsigned long` in 4 bytes. Throws readOnly.
     CArchive& operator<<(char value) { return Put(value); }
     CArchive& operator<<(signed char value) { return Put(value); }
     CArchive& operator<<(BYTE value) { return Put(value); }
@@ -87,17 +95,23 @@ public:
     CArchive& operator<<(unsigned long long value) { return Put(value); }
     CArchive& operator<<(float value) { return Put(value); }
     CArchive& operator<<(double value) { return Put(value); }
-    /// A byte, 0 or 1. A template, so that no pointer becomes a bool.
+    ///@}
+    /// Writes a byte, 0 or 1. A template, so that no pointer becomes a bool.
     template <std::same_as<bool> Bool>
     CArchive& operator<<(Bool value)
     {
         return Put(static_cast<BYTE>(value ? 1 : 0));
     }
+    ///@{
+    /// Writes a text; a null pointer as an empty one. Throws readOnly.
     CArchive& operator<<(CString const& text) { return PutText(text.AsStd()); }
     CArchive& operator<<(std::string const& text) { return PutText(text); }
     CArchive& operator<<(char const* text) { return PutText(text != nullptr ? text : ""); }
+    ///@}
 
-    /// Each leaves its target unchanged when it throws.
+    ///@{
+    /// Reads a number; `long` and `unsigned long` from 4 bytes, widened with the sign, or with zero. Throws writeOnly
+    /// or endOfFile and leaves the number as it was.
     CArchive& operator>>(char& value) { return Get(value); }
     CArchive& operator>>(signed char& value) { return Get(value); }
     CArchive& operator>>(BYTE& value) { return Get(value); }
@@ -105,17 +119,21 @@ public:
     CArchive& operator>>(WORD& value) { return Get(value); }
     CArchive& operator>>(int& value) { return Get(value); }
     CArchive& operator>>(UINT& value) { return Get(value); }
-    /// 4 bytes, widened with the sign, or with zero.
     CArchive& operator>>(long& value);
     CArchive& operator>>(unsigned long& value);
     CArchive& operator>>(long long& value) { return Get(value); }
     CArchive& operator>>(unsigned long long& value) { return Get(value); }
     CArchive& operator>>(float& value) { return Get(value); }
     CArchive& operator>>(double& value) { return Get(value); }
-    /// A byte; every other value than 0 is true.
+    ///@}
+    /// Reads a byte; every other value than 0 is true. Fails as for numbers.
     CArchive& operator>>(bool& value);
+    ///@{
+    /// Reads a text. Throws writeOnly, endOfFile, or badSchema for a text of 16-bit characters, and leaves the text as
+    /// it was. No more is allocated than there is to read.
     CArchive& operator>>(CString& text);
     CArchive& operator>>(std::string& text);
+    ///@}
 
     /// Writes a class record. Throws badClass for null, for a class that was not declared SERIAL, or a name too long.
     void WriteClass(CRuntimeClass const* runtimeClass);
@@ -132,7 +150,7 @@ public:
     /// the object is destroyed. Objects nested more than kMaxDepth deep throw genericException.
     [[nodiscard]] CObject* ReadObject(CRuntimeClass const* required = nullptr);
 
-    static constexpr int kMaxDepth = 1000;
+    static constexpr int kMaxDepth = 1000; ///< how deep objects may be nested in one another
 
     CString m_strFileName; ///< put into the exceptions; the file's name at first
 
@@ -198,12 +216,14 @@ private:
     int m_depth = 0;              ///< of the object that is being read
 };
 
-/// Objects of classes that are declared SERIAL also have `>>` for pointers to their own class.
+/// Writes an object, see CArchive::WriteObject.
 inline CArchive& operator<<(CArchive& archive, CObject const* object)
 {
     archive.WriteObject(object);
     return archive;
 }
+/// Reads an object, see CArchive::ReadObject. Classes that are declared SERIAL also have `>>` for pointers to their own
+/// class.
 inline CArchive& operator>>(CArchive& archive, CObject*& object)
 {
     object = archive.ReadObject();

@@ -1,12 +1,5 @@
-// Things known by 32-bit handles {generation, slot}. A handle whose thing was removed is recognised as stale even when
-// its slot serves another thing. Finding is lock-free and touches one slot; adding and removing take a lock.
-//
-// The table does not own the things. Find tells what a handle meant at that moment: the caller knows that the thing
-// lives on (it is on the thing's own thread, or things are only freed later). Where nothing else keeps the thing alive,
-// Visit holds off its removal for the length of a short function.
-//
-// A slot comes back into use only after kReuseDistance others have been freed, with its next generation, so that a
-// stale handle is mistaken only after some four million handles have come and gone.
+/// @file
+/// Things known by handles that can be recognised as stale.
 #pragma once
 
 #include <array>
@@ -21,15 +14,25 @@
 namespace Ostrel::Platform
 {
 
+/// Things known by 32-bit handles {generation, slot}. A handle whose thing was removed is recognised as stale even when
+/// its slot serves another thing. Finding is lock-free and touches one slot; adding and removing take a lock.
+///
+/// The table does not own the things. Find tells what a handle meant at that moment: the caller knows that the thing
+/// lives on (it is on the thing's own thread, or things are only freed later). Where nothing else keeps the thing
+/// alive, Visit holds off its removal for the length of a short function.
+///
+/// A slot comes back into use only after kReuseDistance others have been freed, with its next generation, so that a
+/// stale handle is mistaken only after some four million handles have come and gone.
 template <class T>
 class HandleTable
 {
 public:
+    /// Generation and slot in 32 bits; 0 is no handle.
     using Handle = DWORD;
 
-    static constexpr DWORD kSlotBits = 20;
-    static constexpr DWORD kMaxSlots = 1U << kSlotBits;
-    static constexpr std::size_t kReuseDistance = 1024;
+    static constexpr DWORD kSlotBits = 20; ///< bits of a handle that name the slot; the others are the generation
+    static constexpr DWORD kMaxSlots = 1U << kSlotBits; ///< how many things can be known at a time
+    static constexpr std::size_t kReuseDistance = 1024; ///< slots that are freed before the same one serves again
 
     HandleTable() = default;
     HandleTable(HandleTable const&) = delete;

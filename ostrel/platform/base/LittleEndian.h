@@ -1,5 +1,6 @@
-// The one codec of stored numbers: fixed-width little-endian, whatever the machine. Streams, archives and clipboard
-// blocks go through it; no structure is ever copied as memory.
+/// @file
+/// The one codec of stored numbers: fixed-width little-endian, whatever the machine. Streams, archives and clipboard
+/// blocks go through it; no structure is ever copied as memory.
 #pragma once
 
 #include <bit>

@@ -1,5 +1,6 @@
-// The one place where `long` and `unsigned long`, 64 bits wide on this platform, meet their documented width of 32
-// bits. Every boundary (a value, a stream, an archive, a hexadecimal text) goes through these functions.
+/// @file
+/// The one place where `long` and `unsigned long`, 64 bits wide on this platform, meet their documented width of 32
+/// bits. Every boundary (a value, a stream, an archive, a hexadecimal text) goes through these functions.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +19,7 @@ constexpr std::uint32_t NarrowToUInt32(unsigned long value) noexcept
     return static_cast<std::uint32_t>(value);
 }
 
+///@{
 /// The same in the original type, widened again with the sign, or with zero for the unsigned one.
 constexpr long NarrowLong(long value) noexcept
 {
@@ -27,5 +29,6 @@ constexpr unsigned long NarrowULong(unsigned long value) noexcept
 {
     return NarrowToUInt32(value);
 }
+///@}
 
 } // namespace Ostrel::Platform

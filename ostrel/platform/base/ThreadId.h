@@ -1,4 +1,5 @@
-// The number of a thread as the framework's callers pass it.
+/// @file
+/// The number of a thread as the framework's callers pass it.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>

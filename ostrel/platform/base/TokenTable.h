@@ -1,9 +1,10 @@
-// 32-bit tokens in place of addresses, for documented blocks that hold an address in 32 bits (rows, grids and objects
-// on the clipboard). Bytes that come from outside are never turned into pointers: a token that was never given, or
-// whose thing has died, or that stands for another kind of thing, resolves to nothing.
-//
-// Whoever gives out tokens for a thing forgets it before the thing dies. Forgetting is nearly free while no token is
-// out.
+/// @file
+/// 32-bit tokens in place of addresses, for documented blocks that hold an address in 32 bits (rows, grids and objects
+/// on the clipboard). Bytes that come from outside are never turned into pointers: a token that was never given, or
+/// whose thing has died, or that stands for another kind of thing, resolves to nothing.
+///
+/// Whoever gives out tokens for a thing forgets it before the thing dies. Forgetting is nearly free while no token is
+/// out.
 #pragma once
 
 #include <atomic>
@@ -16,11 +17,12 @@
 namespace Ostrel::Platform
 {
 
+/// What an address is the address of.
 enum class TokenKind : BYTE
 {
-    Object,
-    Row,
-    Grid
+    Object, ///< a data object
+    Row,    ///< a row of a grid
+    Grid    ///< a grid
 };
 
 /// Any thread. That what Resolve returns stays alive while it is used is up to the caller.
