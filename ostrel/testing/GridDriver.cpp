@@ -12,7 +12,6 @@ namespace Ostrel::Testing
 using GUI::CColumn;
 using GUI::CGridItem;
 using GUI::CHeader;
-using GUI::ContextType;
 
 namespace
 {

@@ -135,6 +135,7 @@ std::string GridDriver::RowText(std::string_view row) const
     CGridItem* const item = Item(row);
     CHeader const* const header = m_grid.GetHeader();
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(header->GetVisibleColumnCount()));
     for (int position = 0; position < header->GetVisibleColumnCount(); ++position)
     {
         texts.push_back(m_grid.GetFormattedStlString(item, header->GetVisibleColumnByIndex(position)->GetFid()));

@@ -92,7 +92,7 @@ BOOL NotificationLog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result)
 
 std::string NotificationLog::LineOf(NMHDR const& header)
 {
-    std::string const name = NameOfCode(header.code);
+    std::string name = NameOfCode(header.code);
     if (header.code == GUI::SortUpdated)
     {
         return name;

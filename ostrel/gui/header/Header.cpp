@@ -311,7 +311,7 @@ bool CHeader::CanMultiSort() const
     return m_impl->Get(&HeaderSettings::allowMultiSort);
 }
 
-void CHeader::SetSort(int level, CSortInfo info)
+void CHeader::SetSort(int level, CSortInfo info) // NOLINT(performance-unnecessary-value-param): callers see a value
 {
     if (m_impl->SetSortLevel(level, info))
     {

@@ -10,7 +10,6 @@ namespace
 
 using Ostrel::Platform::Clock;
 using Ostrel::Platform::Mutex;
-using Ostrel::Platform::MutexLock;
 
 constexpr std::int64_t kRunning = -1;
 

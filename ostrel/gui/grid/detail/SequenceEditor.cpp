@@ -80,7 +80,7 @@ void ForEachArray(SequenceNode& a, SequenceNode& b, Function function) noexcept
 template <class T>
 void Move(T* to, T const* from, unsigned count) noexcept
 {
-    std::memmove(to, from, count * sizeof(T));
+    std::memmove(to, from, count * sizeof(T)); // NOLINT(bugprone-sizeof-expression): some arrays hold pointers
 }
 
 } // namespace
