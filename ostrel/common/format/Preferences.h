@@ -29,16 +29,19 @@ public:
     [[nodiscard]] static DateType GetDateType();
     static void SetDateType(DateType type);
     ///@}
+
     ///@{
     /// What stands between day, month and year; "/" unless set.
     [[nodiscard]] static std::string GetDateSeparator();
     static void SetDateSeparator(std::string const& separator);
     ///@}
+
     ///@{
     /// What stands between hours, minutes and seconds; ":" unless set.
     [[nodiscard]] static std::string GetTimeSeparator();
     static void SetTimeSeparator(std::string const& separator);
     ///@}
+
     ///@{
     /// What stands before milliseconds where a date is read; "." unless set.
     [[nodiscard]] static std::string GetMillisecondSeparator();

@@ -158,6 +158,7 @@ public:
     [[nodiscard]] std::string FormatStl(CFormat const* format) const;
     [[nodiscard]] CString FormatMfc(CFormat const* format) const;
     ///@}
+
     ///@{
     /// Reads a text as the value's own type. Returns false and changes nothing if the value is empty or the format
     /// rejects the text. A null format as above.

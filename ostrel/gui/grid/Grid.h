@@ -135,6 +135,7 @@ public:
     int GetRow(CGridItem* item) const;
     int GetRow(Common::CDataObject const* object) const;
     ///@}
+
     ///@{
     /// The area that the row is in, NoContext for none. Of an object the row that GetItem gives.
     ContextType GetContextType(CGridItem* item) const;
@@ -155,18 +156,21 @@ public:
     bool IsExpanded(CGridItem* item) const;
     bool IsExpanded(Common::CDataObject const* object) const;
     ///@}
+
     ///@{
     /// Whether the row has a row number: its parents are expanded and no filter hides it. It may still be scrolled out
     /// of the window, see IsInVisibleRect.
     bool IsVisible(CGridItem* item) const;
     bool IsVisible(Common::CDataObject const* object) const;
     ///@}
+
     ///@{
     /// The visible row above, or below. With `crossAreas` the last fixed row and the first scrollable one are
     /// neighbours. Null at the end.
     CGridItem* GetPreviousItem(CGridItem* item, bool crossAreas) const;
     CGridItem* GetNextItem(CGridItem* item, bool crossAreas) const;
     ///@}
+
     ///@{
     /// The object that the row shows; null when absent.
     Common::CDataObject* GetDataObject(CGridItem* item) const;
@@ -195,6 +199,7 @@ public:
     std::string GetFormattedStlString(CGridItem* item, long fid, Common::CFormat const* format = nullptr) const;
     CString GetFormattedMfcString(CGridItem* item, long fid, Common::CFormat const* format = nullptr) const;
     ///@}
+
     ///@{
     /// Sets a cell through its object's setters, which do the notifying; a text is read by the format that would write
     /// it. False when the object refuses.
@@ -212,6 +217,7 @@ public:
     void AllowSort(bool allow);
     bool CanSort() const;
     ///@}
+
     ///@{
     /// Whether there may be more than one level. Kept by the header.
     void AllowMultiSort(bool allow);
@@ -250,21 +256,25 @@ public:
     void AllowSelection(bool allow);
     bool CanSelect() const;
     ///@}
+
     ///@{
     /// Whether more than one row may be selected at a time; true unless set.
     void AllowMultiSelection(bool allow);
     bool CanMultiSelect() const;
     ///@}
+
     ///@{
     /// The areas whose rows may be selected; all unless set.
     void AllowSelectContext(ContextType mask);
     bool CanSelectContext(ContextType type) const;
     ///@}
+
     ///@{
     /// Whether dragging the mouse over rows selects them; true unless set.
     void AllowMouseTrackSelection(bool allow);
     bool CanMouseTrackSelection() const;
     ///@}
+
     ///@{
     /// Selects or deselects a row, or every row of an object. False when nothing such is there or selecting it is not
     /// allowed; with multi-selection off, only while no row is selected.
@@ -272,6 +282,7 @@ public:
     bool Select(CGridItem* item, bool select);
     bool Select(Common::CDataObject const* object, bool select);
     ///@}
+
     ///@{
     /// Whether the row, or a row of the object, is selected.
     bool IsSelected(int row, ContextType type) const;
@@ -302,6 +313,7 @@ public:
     int GetFocusedRow() const;
     ContextType GetFocusedContext() const;
     ///@}
+
     ///@{
     /// The areas whose rows the keys may move to; all unless set.
     void AllowNavigation(ContextType mask);
@@ -334,6 +346,7 @@ public:
     void SetFirstVisibleItem(CGridItem* item);
     void SetFirstVisibleItem(Common::CDataObject const* object);
     ///@}
+
     ///@{
     /// Scrolls the scrollable area just enough to show the row whole. Several calls between two paints become one.
     /// Nothing for a row that is not there, not visible or fixed.
@@ -341,6 +354,7 @@ public:
     void EnsureVisible(CGridItem* item);
     void EnsureVisible(Common::CDataObject const* object);
     ///@}
+
     ///@{
     /// Whether the row is on the screen, at least in part.
     bool IsInVisibleRect(CGridItem* item) const;
@@ -353,6 +367,7 @@ public:
     void SetCalmView(bool calm);
     bool IsCalmView() const;
     ///@}
+
     ///@{
     /// Order freeze, off by default: while the left button is down in the grid, and while the user scrolls it, updates
     /// move no rows of a sorted grid; they go to their places afterwards.
@@ -375,12 +390,14 @@ public:
     int GetTimeElapsedSinceLastUpdate(int row, ContextType type, long fid) const;
     int GetTimeElapsedSinceLastUpdate(CGridItem* item, long fid) const;
     ///@}
+
     ///@{
     /// Repaints a row now, or after delayMs if that is 1 or more; at least 10 pass then.
     void InvalidateRow(int row, ContextType type, int delayMs);
     void InvalidateRow(CGridItem* item, int delayMs);
     void InvalidateRow(Common::CDataObject const* object, int delayMs);
     ///@}
+
     ///@{
     /// Repaints the cells of a row that show the field, with fid -1 or -2 the whole row; when as for InvalidateRow.
     void InvalidateCell(int row, ContextType type, long fid, int delayMs);
@@ -405,16 +422,19 @@ public:
     CRect GetLineVisibleRect(CGridItem* item) const;
     CRect GetLineVisibleRect(Common::CDataObject const* object) const;
     ///@}
+
     ///@{
     /// The whole row, scrolled as the window is, also where it is covered or outside.
     CRect GetLineVirtualRect(CGridItem* item) const;
     CRect GetLineVirtualRect(Common::CDataObject const* object) const;
     ///@}
+
     ///@{
     /// What of a cell is on the screen, not counting what lies under the fixed columns; empty when nothing is.
     CRect GetCellVisibleRect(CGridItem* item, long fid) const;
     CRect GetCellVisibleRect(Common::CDataObject const* object, long fid) const;
     ///@}
+
     ///@{
     /// The whole cell, scrolled as the window is, also where it is covered or outside.
     CRect GetCellVirtualRect(CGridItem* item, long fid) const;
@@ -454,6 +474,7 @@ public:
     void AllowDrawContextSeparator(bool allow);
     bool CanDrawContextSeparator() const;
     ///@}
+
     ///@{
     /// The height of that band in pixels, 2 unless set.
     void SetContextSeparatorHeight(int height);
@@ -485,17 +506,20 @@ public:
     CAppearance const& GetAppearance() const;
     void SetAppearance(CAppearance const& appearance);
     ///@}
+
     ///@{
     /// The picture behind the rows. Set it to show a change.
     CBackgroundImage& GetBackgroundImage();
     CBackgroundImage const& GetBackgroundImage() const;
     void SetBackgroundImage(CBackgroundImage const& image);
     ///@}
+
     ///@{
     /// Which elements are painted, a combination of PaintText and its siblings; PaintAll unless set.
     void SetPaintFilter(unsigned int filter);
     unsigned int GetPaintFilter() const;
     ///@}
+
     ///@{
     /// Whether a paint pass draws into a picture of its own first; false unless set. Windows here do not flicker either
     /// way.
@@ -512,11 +536,13 @@ public:
     void AllowStretchImageInCell(bool stretch);
     bool CanStretchImageInCell() const;
     ///@}
+
     ///@{
     /// Whether cells that changed are highlighted; false unless set.
     void AllowHighlight(bool allow);
     bool CanHighlight() const;
     ///@}
+
     ///@{
     /// How and for how long changed cells are highlighted. Whoever changes it through the reference, on the grid's
     /// thread, also has it repainted; setting repaints.
@@ -541,36 +567,42 @@ public:
     void AllowCopyPaste(bool allow);
     bool IsCopyPasteAllowed() const;
     ///@}
+
     ///@{
     /// What may be copied, cut and pasted. Kept and stored in archives; this version does not act on it yet.
     CCopyPasteSettings& GetCopyPasteSettings();
     CCopyPasteSettings const& GetCopyPasteSettings() const;
     void SetCopyPasteSettings(CCopyPasteSettings const& settings);
     ///@}
+
     ///@{
     /// Whether rows may be dragged; false unless set. In this version it only lets a press on a selected row wait for
     /// the release.
     void AllowDragAndDrop(bool allow);
     bool IsDragAndDropAllowed() const;
     ///@}
+
     ///@{
     /// What may be dragged and dropped. Kept and stored in archives; this version does not act on it yet.
     CDragDropSettings& GetDragDropSettings();
     CDragDropSettings const& GetDragDropSettings() const;
     void SetDragDropSettings(CDragDropSettings const& settings);
     ///@}
+
     ///@{
     /// Whether and how cells are edited in place. Kept and stored in archives; this version does not act on it yet.
     CEditInPlaceSettings& GetEditInPlaceSettings();
     CEditInPlaceSettings const& GetEditInPlaceSettings() const;
     void SetEditInPlaceSettings(CEditInPlaceSettings const& settings);
     ///@}
+
     ///@{
     /// How the tips over cells look and behave. Kept and stored in archives; this version does not act on it yet.
     CTooltipSettings& GetTooltipSettings();
     CTooltipSettings const& GetTooltipSettings() const;
     void SetTooltipSettings(CTooltipSettings const& settings);
     ///@}
+
     ///@{
     /// The same for the tips that complete a text that its cell cuts off.
     CTooltipSettings& GetInPlaceTooltipSettings();

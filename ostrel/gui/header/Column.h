@@ -1,12 +1,5 @@
-// One column of a grid: the field it shows, its title, width and alignment, and the formats that turn values into text
-// and draw them.
-//
-//     auto* column = new CColumn(kPriceFid, "Price", 80, CColumn::AlignRight, false, -1, -1, nullptr, nullptr, nullptr,
-//     ""); header->Add(column); // the header owns it now
-//
-// Threads: every operation may be called on any thread; each reads or changes one property as a whole. The getters of
-// plain properties take no lock at all, so that painting may ask them for every cell. Subscribers are called on the
-// thread that made the change, with no lock of the column held: they may call the column back.
+/// @file
+/// One column of a grid.
 #pragma once
 
 #include <memory>
@@ -26,34 +19,42 @@ namespace Ostrel::GUI
 class ICellPaintFormat;
 class IColumnPaintFormat;
 
+/// One column of a grid: the field it shows, its title, width and alignment, and the formats that turn values into text
+/// and draw them.
+///
+///     header->Add(new CColumn(kPriceFid, "Price", 80, CColumn::AlignRight)); // the header owns it now
+///
+/// Threads: every operation may be called on any thread; each reads or changes one property as a whole. The getters of
+/// plain properties take no lock at all, so that painting may ask them for every cell. Subscribers are called on the
+/// thread that made the change, with no lock of the column held: they may call the column back.
 class OSTREL_GUI_API CColumn : public CObject
 {
     DECLARE_SERIAL(CColumn)
 
 public:
-    /// Of the text in its cell; titles take AlignAuto as left.
+    /// Where the text stands in its cell; titles take AlignAuto as left.
     enum Alignment : int
     {
-        AlignAuto = 0, ///< numbers right, everything else left
-        AlignLeft = 1,
-        AlignRight = 2,
-        AlignCenter = 3
+        AlignAuto = 0,  ///< numbers right, everything else left
+        AlignLeft = 1,  ///< at the left edge
+        AlignRight = 2, ///< at the right edge
+        AlignCenter = 3 ///< in the middle
     };
 
     /// What has changed.
     enum NotificationType : int
     {
-        NameChanged = 0,
-        WidthChanged = 1,
-        AlignmentChanged = 2,
-        DescriptionChanged = 3,
-        CellPaintFormatChanged = 4,
-        ColumnPaintFormatChanged = 5,
-        TextFormatChanged = 6,
-        CellImageChanged = 7,
-        ColumnImageChanged = 8,
-        VisibilityChanged = 9,
-        EditabilityChanged = 10
+        NameChanged = 0,              ///< the title
+        WidthChanged = 1,             ///< the width
+        AlignmentChanged = 2,         ///< the alignment of the cells
+        DescriptionChanged = 3,       ///< the description
+        CellPaintFormatChanged = 4,   ///< what draws the cells
+        ColumnPaintFormatChanged = 5, ///< what draws the title
+        TextFormatChanged = 6,        ///< what turns values into text
+        CellImageChanged = 7,         ///< the image in the cells
+        ColumnImageChanged = 8,       ///< the image in the title
+        VisibilityChanged = 9,        ///< shown or hidden
+        EditabilityChanged = 10       ///< whether the cells may be edited
     };
 
     /// Hears of changes of columns.
@@ -61,77 +62,110 @@ public:
     {
     public:
         INotify() = default;
+        ///@{
+        /// Subscribers have no state that the column knows.
         INotify(INotify const&) = default;
         INotify& operator=(INotify const&) = default;
+        ///@}
         virtual ~INotify() = default;
 
         /// On the thread of the change, after it. May call the column, and subscribe and unsubscribe.
         virtual void OnColumnChanged(CColumn* column, NotificationType type) = 0;
     };
 
-    /// Takes ownership of the three formats; each may be null: the text format then is the field's own, the paint
-    /// formats are the defaults. Image indices are -1 for none. The column is visible.
+    /// A column that shows the field `fid` under the title `name`, `width` pixels wide. Takes ownership of the three
+    /// formats; each may be null: the text format then is the field's own, the paint formats are the defaults. Image
+    /// indices are -1 for none. The column is visible.
     CColumn(long fid, std::string const& name, int width, Alignment alignment = AlignLeft, bool editable = false,
             int cellImageId = -1, int columnImageId = -1, Common::CFormat const* textFormat = nullptr,
             ICellPaintFormat const* cellPaintFormat = nullptr, IColumnPaintFormat const* columnPaintFormat = nullptr,
             std::string const& description = {});
+    ///@{
     /// Copies everything but the subscribers; the formats are cloned. Assigning deletes the formats that the column had
     /// and notifies nobody, so assign to a column before a header has it.
     CColumn(CColumn const& other);
     CColumn& operator=(CColumn const& other);
+    ///@}
     ~CColumn() override;
 
+    /// The field that the column shows, fixed at construction.
     [[nodiscard]] long GetFid() const noexcept;
 
-    /// The reference is good until the name has been changed twice.
+    /// The title. The reference is good until the name has been changed twice.
     [[nodiscard]] std::string const& GetName() const;
+    /// Changes the title and tells the subscribers.
     void SetName(std::string const& name);
 
+    ///@{
+    /// A text about the column for the user; setting tells the subscribers.
     [[nodiscard]] std::string GetDescription() const;
     void SetDescription(std::string const& description);
+    ///@}
 
-    /// In pixels.
+    /// The width in pixels.
     [[nodiscard]] int GetWidth() const noexcept;
-    /// False, and nothing changes, for a width below 1.
+    /// Changes the width and tells the subscribers. False, and nothing changes, for a width below 1.
     bool SetWidth(int width);
 
+    ///@{
+    /// Where the texts of the cells stand; setting tells the subscribers.
     [[nodiscard]] Alignment GetAlignment() const noexcept;
     void SetAlignment(Alignment alignment);
+    ///@}
 
-    /// Null for the field's own format. The column keeps ownership.
+    /// What turns the values into text; null for the field's own format. The column keeps ownership.
     [[nodiscard]] Common::CFormat const* GetTextFormat() const noexcept;
     /// Takes ownership. Returns the previous format, which the caller then owns. Setting the format that is set changes
     /// nothing; the pointer comes back and still belongs to the column.
     Common::CFormat const* SetTextFormat(Common::CFormat const* format);
 
-    /// As with the text format; null for the default paint format.
+    ///@{
+    /// What draws the cells; null for the default paint format. Ownership as with the text format.
     [[nodiscard]] ICellPaintFormat const* GetCellPaintFormat() const noexcept;
     ICellPaintFormat const* SetCellPaintFormat(ICellPaintFormat const* format);
+    ///@}
+
+    ///@{
+    /// What draws the title; null for the default paint format. Ownership as with the text format.
     [[nodiscard]] IColumnPaintFormat const* GetColumnPaintFormat() const noexcept;
     IColumnPaintFormat const* SetColumnPaintFormat(IColumnPaintFormat const* format);
+    ///@}
 
-    /// Image shown in the cells, -1 for none.
+    ///@{
+    /// Number of the image shown in the cells, of the grid's image list; -1 for none.
     [[nodiscard]] int GetCellImageId() const noexcept;
     void SetCellImageId(int imageId);
-    /// Image shown in the title, -1 for none.
+    ///@}
+
+    ///@{
+    /// Number of the image shown in the title, of the header's image list; -1 for none.
     [[nodiscard]] int GetColumnImageId() const noexcept;
     void SetColumnImageId(int imageId);
+    ///@}
 
+    ///@{
+    /// Whether the column is shown.
     [[nodiscard]] bool IsVisible() const noexcept;
     void SetVisible(bool visible);
+    ///@}
+
+    ///@{
     /// Whether the cells may be edited in place.
     [[nodiscard]] bool IsEditable() const noexcept;
     void SetEditable(bool editable);
+    ///@}
 
-    /// Does not take ownership; null and a subscriber that is there already are ignored. Called in the order of
-    /// subscription.
+    /// Adds a subscriber to the changes. Does not take ownership; null and a subscriber that is there already are
+    /// ignored. Called in the order of subscription.
     void Subscribe(INotify* subscriber);
+    /// Removes a subscriber; does nothing for one that is not there.
     void Unsubscribe(INotify* subscriber);
 
-    /// Loading throws CArchiveException: badSchema for a newer version, a paint format of unknown name or a damaged
-    /// text format, endOfFile for an archive that ends too early; the column then holds what was read so far. A text
-    /// format of unknown name is skipped. Loading notifies nobody.
+    /// Stores or loads the column, without its subscribers. Loading throws CArchiveException: badSchema for a newer
+    /// version, a paint format of unknown name or a damaged text format, endOfFile for an archive that ends too early;
+    /// the column then holds what was read so far. A text format of unknown name is skipped. Loading notifies nobody.
     void Serialize(CArchive& archive) override;
+    /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
 protected:

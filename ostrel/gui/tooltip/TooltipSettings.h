@@ -1,4 +1,5 @@
-// How the tip over a cell looks, when it comes and where. A plain value.
+/// @file
+/// How the tip over a cell looks, when it comes and where. A plain value.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -10,17 +11,19 @@ class CArchive;
 namespace Ostrel::GUI
 {
 
+/// Looks and timing of a tip. A grid keeps and stores them; in this version nothing acts on them yet.
 class OSTREL_GUI_API CTooltipSettings
 {
 public:
-    /// On which side of the pointer.
+    /// On which side of the pointer the tip comes.
     enum Position : int
     {
-        PositionAbove = 0,
-        PositionBelow = 1,
-        PositionLeft = 2,
-        PositionRight = 3,
+        PositionAbove = 0, ///< above
+        PositionBelow = 1, ///< below
+        PositionLeft = 2,  ///< on the left
+        PositionRight = 3, ///< on the right
     };
+    /// When the tip comes.
     enum Mode : int
     {
         ModeImmediate = 0, ///< as soon as the pointer is over a cell that has a tip
@@ -30,34 +33,68 @@ public:
     /// The system's colours of tips, 500 and 10000 milliseconds, a margin of a pixel, above, delayed.
     CTooltipSettings();
 
-    /// 0x00BBGGRR.
+    ///@{
+    /// The background, 0x00BBGGRR.
     [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor; }
     void SetBackColor(unsigned long color) noexcept { m_backColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// The text, 0x00BBGGRR.
     [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor; }
     void SetTextColor(unsigned long color) noexcept { m_textColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// The frame, 0x00BBGGRR.
     [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor; }
     void SetBorderColor(unsigned long color) noexcept { m_borderColor = static_cast<COLORREF>(color); }
-    /// Milliseconds that the pointer rests before the tip comes, and that the tip stays.
+    ///@}
+
+    ///@{
+    /// Milliseconds that the pointer rests before the tip comes.
     [[nodiscard]] int GetDelay() const noexcept { return m_delayMs; }
     void SetDelay(int milliseconds) noexcept { m_delayMs = milliseconds; }
+    ///@}
+
+    ///@{
+    /// Milliseconds that the tip stays.
     [[nodiscard]] int GetDisappearDelay() const noexcept { return m_disappearDelayMs; }
     void SetDisappearDelay(int milliseconds) noexcept { m_disappearDelayMs = milliseconds; }
-    /// From the pointer, in pixels.
+    ///@}
+
+    ///@{
+    /// The distance from the pointer in pixels.
     [[nodiscard]] CSize GetToolTipOffset() const noexcept { return m_toolTipOffset; }
     void SetToolTipOffset(CSize size) noexcept { m_toolTipOffset = size; }
+    ///@}
+
+    ///@{
+    /// The distance between frame and text in pixels.
     [[nodiscard]] CSize GetTextMargin() const noexcept { return m_textMargin; }
     void SetTextMargin(CSize size) noexcept { m_textMargin = size; }
+    ///@}
+
+    ///@{
+    /// The side of the pointer.
     [[nodiscard]] Position GetPosition() const noexcept { return m_position; }
     void SetPosition(Position position) noexcept { m_position = position; }
+    ///@}
+
+    ///@{
+    /// When the tip comes.
     [[nodiscard]] Mode GetMode() const noexcept { return m_mode; }
     void SetMode(Mode mode) noexcept { m_mode = mode; }
+    ///@}
 
+    /// Equality of all settings.
     friend bool operator==(CTooltipSettings const&, CTooltipSettings const&) noexcept = default;
 
-    /// 48 bytes: the 32-bit version, then the fields in the order above, a byte for a switch and 32 bits for anything
-    /// else. Loading throws CArchiveException (badSchema) for a newer version; a version below 1 reads nothing further.
-    /// Nothing changes in either case.
+    /// Stores or loads 48 bytes: the 32-bit version, then the fields in the order above, a byte for a switch and 32
+    /// bits for anything else. Loading throws CArchiveException (badSchema) for a newer version; a version below 1
+    /// reads nothing further. Nothing changes in either case.
     void Serialize(CArchive& archive);
+    /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
 private:

@@ -154,6 +154,7 @@ public:
     constexpr void DeflateRect(int dx, int dy) noexcept { InflateRect(-dx, -dy); }
     constexpr void DeflateRect(int l, int t, int r, int b) noexcept { InflateRect(-l, -t, -r, -b); }
     ///@}
+
     ///@{
     /// Moves the rectangle to the right and down.
     constexpr void OffsetRect(int dx, int dy) noexcept
@@ -165,6 +166,7 @@ public:
     }
     constexpr void OffsetRect(POINT by) noexcept { OffsetRect(by.x, by.y); }
     ///@}
+
     ///@{
     /// Moves the rectangle so that its left edge, its top edge, or both lie there.
     constexpr void MoveToX(int x) noexcept { OffsetRect(x - left, 0); }
@@ -229,6 +231,7 @@ public:
     friend constexpr CRect operator&(CRect a, RECT const& b) noexcept { return a &= b; }
     friend constexpr CRect operator|(CRect a, RECT const& b) noexcept { return a |= b; }
     ///@}
+
     ///@{
     /// The rectangle moved to the right and down, or back.
     friend constexpr CRect operator+(CRect a, POINT by) noexcept

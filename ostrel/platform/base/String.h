@@ -97,6 +97,7 @@ public:
     CString& MakeUpper() noexcept;
     CString& MakeLower() noexcept;
     ///@}
+
     ///@{
     /// Removes blanks, tabs and line ends at both ends or at one.
     CString& Trim();
@@ -126,6 +127,7 @@ public:
         return sum;
     }
     ///@}
+
     ///@{
     /// Byte-wise equality and order.
     friend bool operator==(CString const& a, CString const& b) noexcept { return a.m_text == b.m_text; }

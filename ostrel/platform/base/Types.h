@@ -78,6 +78,7 @@ constexpr WORD HIWORD(DWORD_PTR value) noexcept
     return static_cast<WORD>(value >> 16U);
 }
 ///@}
+
 ///@{
 /// Two numbers of 16 bits in one: the low and the high half.
 constexpr LONG MAKELONG(int low, int high) noexcept
@@ -94,6 +95,7 @@ constexpr LPARAM MAKELPARAM(int low, int high) noexcept
     return static_cast<DWORD>(MAKELONG(low, high));
 }
 ///@}
+
 ///@{
 /// The signed coordinates of a mouse message's LPARAM.
 constexpr int GET_X_LPARAM(LPARAM value) noexcept
