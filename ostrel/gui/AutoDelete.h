@@ -1,4 +1,5 @@
-// The question whether whoever holds a replaceable part also deletes it.
+/// @file
+/// The question whether whoever holds a replaceable part also deletes it.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -12,8 +13,11 @@ class OSTREL_GUI_API IAutoDelete
 {
 public:
     IAutoDelete() = default;
+    ///@{
+    /// The interface has no state.
     IAutoDelete(IAutoDelete const&) = default;
     IAutoDelete& operator=(IAutoDelete const&) = default;
+    ///@}
     virtual ~IAutoDelete() = default;
 
     /// True when the holder deletes the part as the holder itself is destroyed.

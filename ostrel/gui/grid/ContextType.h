@@ -1,4 +1,5 @@
-// The row areas of a grid, as a value and as a set.
+/// @file
+/// The row areas of a grid, as a value and as a set.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +16,8 @@ enum ContextType : std::uint32_t
     AllContexts = 3        ///< both areas; only as a mask
 };
 
+///@{
+/// The areas of either set, of both, and (`~`) the areas that a set lacks.
 constexpr ContextType operator|(ContextType a, ContextType b) noexcept
 {
     return static_cast<ContextType>(static_cast<std::uint32_t>(a) | static_cast<std::uint32_t>(b));
@@ -35,6 +38,7 @@ constexpr ContextType& operator&=(ContextType& a, ContextType b) noexcept
 {
     return a = a & b;
 }
+///@}
 
 /// True if the sets share an area.
 constexpr bool HasContext(ContextType mask, ContextType type) noexcept

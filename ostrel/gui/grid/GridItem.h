@@ -1,5 +1,6 @@
-// Row handles. A row is opaque to applications: a grid makes, owns and destroys it, and applications hand its address
-// back to the grid's operations, which check it before use.
+/// @file
+/// Row handles. A row is opaque to applications: a grid makes, owns and destroys it, and applications hand its address
+/// back to the grid's operations, which check it before use.
 #pragma once
 
 #include <cstdint>

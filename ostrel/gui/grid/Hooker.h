@@ -1,16 +1,5 @@
-// Watches the messages of a window that somebody else made, before the window sees them.
-//
-//     class Watch : public CHooker
-//     {
-//         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
-//         {
-//             return message == WM_KEYDOWN ? 0 : CHooker::WindowProc(message, wParam, lParam);
-//         }
-//     };
-//
-// Several hookers can watch one window: the one that came last is asked first, and each decides whether the next one
-// hears of the message. Hook, unhook and destroy on the window's thread; inside WindowProc as well, also of others and
-// of itself.
+/// @file
+/// Watches the messages of a window.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -19,6 +8,19 @@
 namespace Ostrel::GUI
 {
 
+/// Watches the messages of a window that somebody else made, before the window sees them.
+///
+///     class Watch : public CHooker
+///     {
+///         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+///         {
+///             return message == WM_KEYDOWN ? 0 : CHooker::WindowProc(message, wParam, lParam);
+///         }
+///     };
+///
+/// Several hookers can watch one window: the one that came last is asked first, and each decides whether the next one
+/// hears of the message. Hook, unhook and destroy on the window's thread; inside WindowProc as well, also of others and
+/// of itself.
 class OSTREL_GUI_API CHooker
 {
 public:
@@ -36,7 +38,7 @@ public:
     bool Hook(HWND window);
     /// Watches no window. The last hooker of a window puts back the procedure that the window had.
     void Unhook();
-    /// Null when none is watched, also after the window has died.
+    /// The window that is watched. Null when none is watched, also after the window has died.
     [[nodiscard]] HWND GetHookedWindow() const noexcept { return m_window; }
 
 private:

@@ -1,4 +1,5 @@
-// The question which rows a grid hides.
+/// @file
+/// The question which rows a grid hides.
 #pragma once
 
 #include <ostrel/gui/AutoDelete.h>
@@ -20,8 +21,11 @@ class OSTREL_GUI_API IGridFilter : public virtual IAutoDelete
 {
 public:
     IGridFilter() = default;
+    ///@{
+    /// The interface has no state.
     IGridFilter(IGridFilter const&) = default;
     IGridFilter& operator=(IGridFilter const&) = default;
+    ///@}
     ~IGridFilter() override = default;
 
     /// True hides the row.

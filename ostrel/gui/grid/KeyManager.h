@@ -1,4 +1,5 @@
-// The usual keys: arrows, pages, Home and End, expanding and collapsing, select all.
+/// @file
+/// The usual keys: arrows, pages, Home and End, expanding and collapsing, select all.
 #pragma once
 
 #include <ostrel/gui/grid/IKeyManager.h>
@@ -16,6 +17,7 @@ public:
     ~CKeyManager() override;
 
     // IAutoDelete
+    /// What was given at construction.
     bool AutoDelete() const override { return m_autoDelete; }
 
     // IKeyManager

@@ -1,4 +1,5 @@
-// The process-wide defaults of all grids.
+/// @file
+/// The process-wide defaults of all grids.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -31,23 +32,32 @@ public:
 
     CPreferences() = delete;
 
+    ///@{
+    /// Who reads the values; DirectRead unless set. Set it before the first row is added.
     static ThreadingMode GetThreadingMode() noexcept;
     static void SetThreadingMode(ThreadingMode mode) noexcept;
+    ///@}
 
     /// The font of grids without their own; at first a copy of the system's default font.
     static CFont* GetFont();
-    /// Does not take ownership; must outlive the grids. Null goes back to the system's default font.
+    /// Replaces that font. Does not take ownership; must outlive the grids. Null goes back to the system's default
+    /// font.
     static void SetFont(CFont* font);
 
-    /// Copied into each new grid; may be changed in place.
+    ///@{
+    /// The colours of new grids: copied into each as it is made. May be changed in place.
     static CAppearance& GetDefaultAppearance();
     static void SetDefaultAppearance(CAppearance& appearance);
+    ///@}
 
+    ///@{
+    /// The part that serves where a grid, or a column, has none of its own. Not to be deleted.
     static ICustomDraw* GetDefaultCustomDraw();
     static ILinePaintFormat* GetDefaultLinePaintFormat();
     static ICellPaintFormat* GetDefaultCellPaintFormat();
     static IHeaderPaintFormat* GetDefaultHeaderPaintFormat();
     static IColumnPaintFormat* GetDefaultColumnPaintFormat();
     static IKeyManager* GetDefaultKeyManager();
+    ///@}
 };
 } // namespace Ostrel::GUI

@@ -1,4 +1,5 @@
-// The colours of a grid: text and background of alternating rows, grid lines, and four overlays. A plain value.
+/// @file
+/// The colours of a grid: text and background of alternating rows, grid lines, and four overlays. A plain value.
 #pragma once
 
 #include <ostrel/gui/paint/ColorBlend.h>
@@ -14,48 +15,89 @@ namespace Ostrel::GUI
 class OSTREL_GUI_API CAppearance
 {
 public:
+    ///@{
+    /// Text of even rows; black unless set.
     [[nodiscard]] unsigned long GetTextEvenColor() const noexcept { return m_textEvenColor; }
     void SetTextEvenColor(unsigned long color) noexcept { m_textEvenColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// Text of odd rows; black unless set.
     [[nodiscard]] unsigned long GetTextOddColor() const noexcept { return m_textOddColor; }
     void SetTextOddColor(unsigned long color) noexcept { m_textOddColor = static_cast<COLORREF>(color); }
+    ///@}
 
+    ///@{
+    /// Background of even rows; white unless set.
     [[nodiscard]] unsigned long GetBackEvenColor() const noexcept { return m_backEvenColor; }
     void SetBackEvenColor(unsigned long color) noexcept { m_backEvenColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// Background of odd rows; white unless set.
     [[nodiscard]] unsigned long GetBackOddColor() const noexcept { return m_backOddColor; }
     void SetBackOddColor(unsigned long color) noexcept { m_backOddColor = static_cast<COLORREF>(color); }
+    ///@}
 
+    ///@{
+    /// Lines between columns; grey unless set.
     [[nodiscard]] unsigned long GetVerticalLinesColor() const noexcept { return m_verticalLinesColor; }
     void SetVerticalLinesColor(unsigned long color) noexcept { m_verticalLinesColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// Lines between rows; grey unless set.
     [[nodiscard]] unsigned long GetHorizontalLinesColor() const noexcept { return m_horizontalLinesColor; }
     void SetHorizontalLinesColor(unsigned long color) noexcept
     {
         m_horizontalLinesColor = static_cast<COLORREF>(color);
     }
+    ///@}
 
+    ///@{
     /// Laid over the background of selected rows; its colour also draws their frame.
     [[nodiscard]] CColorBlend const GetSelectedLineColor() const noexcept { return m_selectedLineColor; }
     void SetSelectedLineColor(CColorBlend blend) noexcept { m_selectedLineColor = blend; }
+    ///@}
+
+    ///@{
     /// Laid over the background of the focused row; its colour also draws the focus frame.
     [[nodiscard]] CColorBlend const GetFocusedLineColor() const noexcept { return m_focusedLineColor; }
     void SetFocusedLineColor(CColorBlend blend) noexcept { m_focusedLineColor = blend; }
+    ///@}
+
+    ///@{
     /// Laid over the cells of sorted columns.
     [[nodiscard]] CColorBlend const GetSortedColumnColor() const noexcept { return m_sortedColumnColor; }
     void SetSortedColumnColor(CColorBlend blend) noexcept { m_sortedColumnColor = blend; }
+    ///@}
+
+    ///@{
     /// Fills the rectangle of a selection with the mouse.
     [[nodiscard]] CColorBlend const GetMouseSelectionColor() const noexcept { return m_mouseSelectionColor; }
     void SetMouseSelectionColor(CColorBlend blend) noexcept { m_mouseSelectionColor = blend; }
+    ///@}
 
+    ///@{
+    /// Whether there are lines between columns; false unless set.
     [[nodiscard]] bool IsVerticalLinesEnabled() const noexcept { return m_verticalLinesEnabled; }
     void EnableVerticalLines(bool enable) noexcept { m_verticalLinesEnabled = enable; }
+    ///@}
+
+    ///@{
+    /// Whether there are lines between rows; false unless set.
     [[nodiscard]] bool IsHorizontalLinesEnabled() const noexcept { return m_horizontalLinesEnabled; }
     void EnableHorizontalLines(bool enable) noexcept { m_horizontalLinesEnabled = enable; }
+    ///@}
 
+    /// Equality of all settings.
     friend bool operator==(CAppearance const&, CAppearance const&) noexcept = default;
 
-    /// 72 bytes: 32-bit version, six 32-bit colours, four overlays of 9 bytes, two 32-bit switches. Loading throws
-    /// CArchiveException (badSchema) for a newer version, then with the fields before it changed; a version below 1
-    /// reads nothing further.
+    /// Stores or loads 72 bytes: 32-bit version, six 32-bit colours, four overlays of 9 bytes, two 32-bit switches.
+    /// Loading throws CArchiveException (badSchema) for a newer version, then with the fields before it changed; a
+    /// version below 1 reads nothing further.
     void Serialize(CArchive& archive);
+    /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
 private:

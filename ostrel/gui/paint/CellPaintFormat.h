@@ -1,4 +1,5 @@
-// The default drawing of a cell, in steps that a derived format can replace one by one.
+/// @file
+/// The default drawing of a cell, in steps that a derived format can replace one by one.
 #pragma once
 
 #include <ostrel/gui/paint/ICellPaintFormat.h>
@@ -7,12 +8,14 @@
 namespace Ostrel::GUI
 {
 
+/// Draws a cell as a grid does by itself. One object serves any number of columns and grids.
 class OSTREL_GUI_API CCellPaintFormat : public ICellPaintFormat
 {
 public:
     CCellPaintFormat() = default;
     ~CCellPaintFormat() override = default;
 
+    /// The name under which the factory knows the class.
     static CString GetFormatClassName();
 
     // ICellPaintFormat
@@ -27,8 +30,8 @@ public:
     CString GetFormatName() override;
 
 protected:
-    /// The steps, in the order in which DrawCell takes them is told there. Each draws only when its filter bit and its
-    /// own conditions hold.
+    ///@{
+    /// A step of DrawCell. It draws only when its filter bit and its own conditions hold.
     virtual void OnDrawBackGround(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
     virtual void OnDrawMouseSelection(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
     virtual void OnDrawText(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
@@ -41,6 +44,7 @@ protected:
     virtual void OnDrawVerticalLines(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
     virtual void OnDrawHorizontalLines(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
     virtual void OnDrawEditInPlace(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
+    ///@}
     /// Asks for the repaint that a highlighted cell needs to fade or to end.
     virtual void OnNextPaintRequest(CGridCell& cell, CPaintContext const& context, unsigned int filter) const;
 };

@@ -1,4 +1,5 @@
-// The default drawing of a column title: background, sort mark, name, image.
+/// @file
+/// The default drawing of a column title: background, sort mark, name, image.
 #pragma once
 
 #include <ostrel/gui/paint/IColumnPaintFormat.h>
@@ -11,13 +12,16 @@ class CImageList;
 namespace Ostrel::GUI
 {
 
+/// Draws a title as a grid does by itself. One object serves any number of columns.
 class OSTREL_GUI_API CColumnPaintFormat : public IColumnPaintFormat
 {
 public:
     CColumnPaintFormat() = default;
     ~CColumnPaintFormat() override = default;
 
+    /// The name under which the factory knows the class.
     static CString GetFormatClassName();
+    /// A new format; the caller owns it.
     static IColumnPaintFormat* CreateFormat();
 
     // IColumnPaintFormat
@@ -28,9 +32,12 @@ public:
 
     /// Pixels at the title's right edge that the sort mark takes.
     virtual int GetRequiredSortInfoWidth() const;
+    ///@{
+    /// A step of DrawColumn. It draws only when its own conditions hold.
     virtual void DrawBackground(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const;
     virtual void DrawSort(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const;
     virtual void DrawText(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const;
+    ///@}
     /// Draws a title image centred in the rectangle, clipped to it.
     virtual void DrawImage(CImageList* imageList, int imageId, CRect rect, CDC& dc) const;
 };

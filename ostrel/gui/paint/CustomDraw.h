@@ -1,4 +1,5 @@
-// The default customisation hook: it hands every element to its paint format.
+/// @file
+/// The default customisation hook: it hands every element to its paint format.
 #pragma once
 
 #include <ostrel/gui/paint/ICustomDraw.h>
@@ -7,9 +8,12 @@
 namespace Ostrel::GUI
 {
 
+/// Draws everything as the formats say. Derive from it to draw some of it differently. Keeps no state, so one serves
+/// any number of grids.
 class OSTREL_GUI_API CCustomDraw : public ICustomDraw
 {
 public:
+    /// `autoDelete` is what AutoDelete() tells the holder.
     explicit CCustomDraw(bool autoDelete) noexcept : m_autoDelete(autoDelete) {}
 
     // IAutoDelete

@@ -1,4 +1,5 @@
-// Where rows that are dragged over a grid would go if they were dropped now.
+/// @file
+/// Where rows that are dragged over a grid would go if they were dropped now.
 #pragma once
 
 #include <ostrel/gui/grid/ContextType.h>
@@ -7,10 +8,12 @@
 namespace Ostrel::GUI
 {
 
+/// The place of a drop. A plain value.
 class OSTREL_GUI_API CDropPosition
 {
 public:
     CDropPosition() noexcept = default;
+    /// See the getters.
     CDropPosition(ContextType context, int dropIndex, bool dropAfter, int dropParentIndex) noexcept
         : m_context(context), m_dropIndex(dropIndex), m_dropAfter(dropAfter), m_dropParentIndex(dropParentIndex)
     {}
@@ -24,6 +27,7 @@ public:
     /// The row number of the row that becomes the parent, -1 for none.
     [[nodiscard]] int GetDropParentIndex() const noexcept { return m_dropParentIndex; }
 
+    /// Equality of all four.
     friend bool operator==(CDropPosition const&, CDropPosition const&) noexcept = default;
 
 private:

@@ -1,5 +1,6 @@
-// One row of a grid as it is painted: its place, its item and what its neighbours are. Lives on the stack of a paint
-// pass; painters keep no reference to it.
+/// @file
+/// One row of a grid as it is painted: its place, its item and what its neighbours are. Lives on the stack of a paint
+/// pass; painters keep no reference to it.
 #pragma once
 
 #include <ostrel/gui/grid/ContextType.h>
@@ -15,9 +16,11 @@ namespace Ostrel::GUI
 
 class CGridItem;
 
+/// One line: its place and looks, and the row it shows.
 class OSTREL_GUI_API CGridLine
 {
 public:
+    /// See the getters.
     CGridLine(CPaintInfo const& paintInfo, ContextType context, int row, CGridItem* item, bool previousRowSelected,
               bool nextRowSelected) noexcept
         : m_paintInfo(paintInfo),
@@ -28,22 +31,29 @@ public:
           m_nextRowSelected(nextRowSelected)
     {}
 
+    ///@{
+    /// Place and looks.
     [[nodiscard]] CPaintInfo const& GetPaintInfo() const noexcept { return m_paintInfo; }
     [[nodiscard]] CPaintInfo& GetPaintInfo() noexcept { return m_paintInfo; }
+    ///@}
 
+    /// The area of the line.
     [[nodiscard]] ContextType GetContextType() const noexcept { return m_context; }
     /// The row's number in its area, counted on through the empty lines below the last row.
     [[nodiscard]] int GetRow() const noexcept { return m_row; }
-    /// Null for an empty line below the last row.
+    /// The row; null for an empty line below the last row.
     [[nodiscard]] CGridItem* GetItem() const noexcept { return m_item; }
+    ///@{
+    /// Whether the row above, or below, is selected; the areas meet at the last fixed and the first scrollable row.
     [[nodiscard]] bool IsPreviusRowSelected() const noexcept { return m_previousRowSelected; }
     [[nodiscard]] bool IsNextRowSelected() const noexcept { return m_nextRowSelected; }
+    ///@}
 
-    /// False without an item.
+    /// Whether the row is selected; false without one.
     [[nodiscard]] bool IsRowSelected() const noexcept;
     /// 0 for a top-level row and without an item, one more for each level below.
     [[nodiscard]] int GetHierarchicalLevel() const noexcept;
-    /// False without an item.
+    /// Whether the row shows its children; false without one.
     [[nodiscard]] bool IsExpanded() const noexcept;
     /// The row's object or null.
     [[nodiscard]] Common::CDataObject* GetDataObject() const noexcept;
