@@ -1,4 +1,5 @@
-// The default drawing of the header band: title after title, with the fixed columns over the scrolled ones.
+/// @file
+/// The default drawing of the header band: title after title, with the fixed columns over the scrolled ones.
 #pragma once
 
 #include <ostrel/gui/paint/IHeaderPaintFormat.h>
@@ -7,13 +8,16 @@
 namespace Ostrel::GUI
 {
 
+/// Draws the header as a grid does by itself. Keeps no state.
 class OSTREL_GUI_API CHeaderPaintFormat : public IHeaderPaintFormat
 {
 public:
     CHeaderPaintFormat() = default;
     ~CHeaderPaintFormat() override = default;
 
+    /// The name under which the factory knows the class.
     static CString GetFormatClassName();
+    /// A new format; the caller owns it.
     static IHeaderPaintFormat* CreateFormat();
 
     // IHeaderPaintFormat

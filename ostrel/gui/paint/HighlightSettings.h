@@ -1,4 +1,5 @@
-// How a grid highlights cells whose value has changed: for how long, in which colours, fading or not. A plain value.
+/// @file
+/// How a grid highlights cells whose value has changed: for how long, in which colours, fading or not. A plain value.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -9,24 +10,29 @@ class CArchive;
 namespace Ostrel::GUI
 {
 
+/// How changed cells look, and for how long.
 class OSTREL_GUI_API CHighlightSettings
 {
 public:
+    /// What of a cell takes the highlight's colours. Fading means with an opacity that falls from the one given to
+    /// none.
     enum Mode : int
     {
-        Invert = 0, ///< text and background change places
-        Fore = 1,
-        Back = 2,
-        ForeAndBack = 3,
-        ForeAlpha = 4, ///< with the opacity given
-        BackAlpha = 5,
-        ForeAndBackAlpha = 6,
-        ForeFading = 7, ///< with an opacity that falls from the one given to none
-        BackFading = 8,
-        ForeAndBackFading = 9
+        Invert = 0,           ///< text and background change places
+        Fore = 1,             ///< the text
+        Back = 2,             ///< the background
+        ForeAndBack = 3,      ///< both
+        ForeAlpha = 4,        ///< the text, with the opacity given
+        BackAlpha = 5,        ///< the background, with the opacity given
+        ForeAndBackAlpha = 6, ///< both, with the opacities given
+        ForeFading = 7,       ///< the text, fading
+        BackFading = 8,       ///< the background, fading
+        ForeAndBackFading = 9 ///< both, fading
     };
 
+    /// Inverted for a second, without fading.
     CHighlightSettings() noexcept = default;
+    /// See the getters.
     CHighlightSettings(int highlightPeriodMs, unsigned long foreColor, unsigned long backColor, unsigned char foreAlpha,
                        unsigned char backAlpha, int fadingSpanMs, Mode mode) noexcept
         : m_highlightPeriodMs(highlightPeriodMs),
@@ -38,36 +44,56 @@ public:
           m_mode(mode)
     {}
 
-    /// In milliseconds; 0 or less highlights nothing.
+    ///@{
+    /// How long a highlight lasts in milliseconds; 0 or less highlights nothing.
     [[nodiscard]] int GetHighlightPeriod() const noexcept { return m_highlightPeriodMs; }
     void SetHighlightPeriod(int milliseconds) noexcept { m_highlightPeriodMs = milliseconds; }
+    ///@}
 
-    /// 0x00BBGGRR.
+    ///@{
+    /// The colour of the text, 0x00BBGGRR.
     [[nodiscard]] unsigned long GetForeColor() const noexcept { return m_foreColor; }
     void SetForeColor(unsigned long color) noexcept { m_foreColor = static_cast<COLORREF>(color); }
+    ///@}
+
+    ///@{
+    /// The colour of the background, 0x00BBGGRR.
     [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor; }
     void SetBackColor(unsigned long color) noexcept { m_backColor = static_cast<COLORREF>(color); }
+    ///@}
 
-    /// Opacities, 0 to 255, of the modes that use them.
+    ///@{
+    /// The opacity of the text's colour, 0 to 255, in the modes that use it.
     [[nodiscard]] unsigned char GetForeAlpha() const noexcept { return m_foreAlpha; }
     void SetForeAlpha(unsigned char alpha) noexcept { m_foreAlpha = alpha; }
+    ///@}
+
+    ///@{
+    /// The opacity of the background's colour, 0 to 255, in the modes that use it.
     [[nodiscard]] unsigned char GetBackAlpha() const noexcept { return m_backAlpha; }
     void SetBackAlpha(unsigned char alpha) noexcept { m_backAlpha = alpha; }
+    ///@}
 
+    ///@{
     /// Milliseconds between two steps of a fading highlight; 0 or less paints no steps.
     [[nodiscard]] int GetFadingSpan() const noexcept { return m_fadingSpanMs; }
     void SetFadingSpan(int milliseconds) noexcept { m_fadingSpanMs = milliseconds; }
+    ///@}
 
-    /// A mode outside the enumeration highlights nothing.
+    ///@{
+    /// What takes the colours. A mode outside the enumeration highlights nothing.
     [[nodiscard]] Mode GetMode() const noexcept { return m_mode; }
     void SetMode(Mode mode) noexcept { m_mode = mode; }
+    ///@}
 
+    /// Equality of all settings.
     friend bool operator==(CHighlightSettings const&, CHighlightSettings const&) noexcept = default;
 
-    /// 26 bytes: the version and the seven fields in the order of the constructor, 32 bits each but the two alphas.
-    /// Loading throws CArchiveException (badSchema) for a newer version; a version below 1 reads nothing further.
-    /// Nothing changes in either case.
+    /// Stores or loads 26 bytes: the version and the seven fields in the order of the constructor, 32 bits each but the
+    /// two alphas. Loading throws CArchiveException (badSchema) for a newer version; a version below 1 reads nothing
+    /// further. Nothing changes in either case.
     void Serialize(CArchive& archive);
+    /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
 
 private:

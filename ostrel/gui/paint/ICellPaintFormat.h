@@ -1,4 +1,5 @@
-// What draws the cells of a column.
+/// @file
+/// What draws the cells of a column.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -19,21 +20,29 @@ class OSTREL_GUI_API ICellPaintFormat
 {
 public:
     ICellPaintFormat() = default;
+    ///@{
+    /// The interface has no state.
     ICellPaintFormat(ICellPaintFormat const&) = default;
     ICellPaintFormat& operator=(ICellPaintFormat const&) = default;
+    ///@}
     virtual ~ICellPaintFormat() = default;
 
+    /// Draws the cell: everything inside its clip rectangle.
     virtual void DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter) const = 0;
-    /// The cell's resulting colours, 0x00BBGGRR.
+    ///@{
+    /// The cell's resulting colour, 0x00BBGGRR.
     virtual unsigned long GetBackColor(CGridCell& cell, CPaintContext const& context, unsigned int filter) const = 0;
     virtual unsigned long GetForeColor(CGridCell& cell, CPaintContext const& context, unsigned int filter) const = 0;
+    ///@}
     /// The width in pixels that shows the whole content.
     virtual int GetOptimalCellWidth(CGridCell& cell, CPaintContext const& context, unsigned int filter) const = 0;
-    /// Where image and text go, in client pixels.
+    ///@{
+    /// Where the image, or the text, goes, in client pixels.
     virtual CRect GetImageRect(CGridCell& cell, CPaintContext const& context, unsigned int filter) = 0;
     virtual CRect GetTextRect(CGridCell& cell, CPaintContext const& context, unsigned int filter) = 0;
+    ///@}
 
-    /// The caller owns the copy.
+    /// A copy with the same settings; the caller owns it.
     virtual ICellPaintFormat* Clone() const = 0;
     /// Non-zero when archives keep the format.
     virtual int IsSerializableType() const { return 0; }

@@ -1,4 +1,5 @@
-// What draws the titles of columns.
+/// @file
+/// What draws the titles of columns.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -18,13 +19,17 @@ class OSTREL_GUI_API IColumnPaintFormat
 {
 public:
     IColumnPaintFormat() = default;
+    ///@{
+    /// The interface has no state.
     IColumnPaintFormat(IColumnPaintFormat const&) = default;
     IColumnPaintFormat& operator=(IColumnPaintFormat const&) = default;
+    ///@}
     virtual ~IColumnPaintFormat() = default;
 
+    /// Draws the title: everything inside its clip rectangle.
     virtual void DrawColumn(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const = 0;
 
-    /// The caller owns the copy.
+    /// A copy with the same settings; the caller owns it.
     virtual IColumnPaintFormat* Clone() const = 0;
     /// Non-zero when archives keep the format.
     virtual int IsSerializableType() const { return 0; }

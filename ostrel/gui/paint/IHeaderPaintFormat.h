@@ -1,4 +1,5 @@
-// What draws the header band.
+/// @file
+/// What draws the header band.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -19,11 +20,14 @@ class OSTREL_GUI_API IHeaderPaintFormat
 {
 public:
     IHeaderPaintFormat() = default;
+    ///@{
+    /// The interface has no state.
     IHeaderPaintFormat(IHeaderPaintFormat const&) = default;
     IHeaderPaintFormat& operator=(IHeaderPaintFormat const&) = default;
+    ///@}
     virtual ~IHeaderPaintFormat() = default;
 
-    /// A null custom draw means the default one.
+    /// Draws the band, through the custom draw. A null custom draw means the default one.
     virtual void DrawHeader(CHeaderPaintInfo& info, CPaintContext const& context, unsigned int filter,
                             ICustomDraw* customDraw) const = 0;
 

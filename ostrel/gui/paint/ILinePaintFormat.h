@@ -1,4 +1,5 @@
-// What draws whole rows.
+/// @file
+/// What draws whole rows.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -18,11 +19,14 @@ class OSTREL_GUI_API ILinePaintFormat
 {
 public:
     ILinePaintFormat() = default;
+    ///@{
+    /// The interface has no state.
     ILinePaintFormat(ILinePaintFormat const&) = default;
     ILinePaintFormat& operator=(ILinePaintFormat const&) = default;
+    ///@}
     virtual ~ILinePaintFormat() = default;
 
-    /// A null custom draw means the default one.
+    /// Draws the row, cell by cell, through the custom draw. A null custom draw means the default one.
     virtual void DrawLine(CGridLine& line, CPaintContext const& context, unsigned int filter,
                           ICustomDraw* customDraw) const = 0;
 

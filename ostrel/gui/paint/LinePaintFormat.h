@@ -1,4 +1,5 @@
-// The default drawing of a row: cell after cell, with the fixed columns over the scrolled ones.
+/// @file
+/// The default drawing of a row: cell after cell, with the fixed columns over the scrolled ones.
 #pragma once
 
 #include <ostrel/gui/paint/ILinePaintFormat.h>
@@ -7,13 +8,16 @@
 namespace Ostrel::GUI
 {
 
+/// Draws a row as a grid does by itself. Keeps no state.
 class OSTREL_GUI_API CLinePaintFormat : public ILinePaintFormat
 {
 public:
     CLinePaintFormat() = default;
     ~CLinePaintFormat() override = default;
 
+    /// The name under which the factory knows the class.
     static CString GetFormatClassName();
+    /// A new format; the caller owns it.
     static ILinePaintFormat* CreateFormat();
 
     // ILinePaintFormat

@@ -1,5 +1,6 @@
-// Translucent colours and pictures: the one formula by which every overlay is blended, and the blending operations of
-// the device context under the names that painters call.
+/// @file
+/// Translucent colours and pictures: the one formula by which every overlay is blended, and the blending operations of
+/// the device context under the names that painters call.
 #pragma once
 
 #include <string>
@@ -12,6 +13,7 @@ class CImageList;
 namespace Ostrel::GUI
 {
 
+/// Blending of colours and pictures.
 class OSTREL_GUI_API CMsImg32
 {
 public:
@@ -38,19 +40,23 @@ public:
     /// Lays a colour over a rectangle of the device context. Returns whether it could.
     static bool AlphaBlend(CDC& dc, CRect const& rect, unsigned long color, unsigned char opacity);
 
+    ///@{
     /// Fills an image list from a strip of square images, as high as the strip. With `mask` the pixels of the mask
     /// colour become transparent. The list is emptied first; false when the strip cannot be had or is narrower than
     /// high.
     static bool Load32BitImage(CImageList& imageList, CBitmap& strip, bool mask, unsigned long maskColor);
     static bool Load32BitImage(CImageList& imageList, std::string const& pngPath, bool mask, unsigned long maskColor);
+    ///@}
 
-    /// The device context's own operations; 0 when there is no context.
+    ///@{
+    /// The device context's own operation; 0 when there is no context.
     static int GradientFill(CDC* dc, TRIVERTEX const* corners, unsigned cornerCount, GRADIENT_RECT const* rects,
                             unsigned rectCount, DWORD mode);
     static int AlphaBlend(CDC* dc, int x, int y, int width, int height, CDC* source, int sourceX, int sourceY,
                           int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
     static int TransparentBlt(CDC* dc, int x, int y, int width, int height, CDC* source, int sourceX, int sourceY,
                               int sourceWidth, int sourceHeight, COLORREF key);
+    ///@}
 };
 
 } // namespace Ostrel::GUI

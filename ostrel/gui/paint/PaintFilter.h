@@ -1,10 +1,12 @@
-// The elements of a grid that painting can switch on and off. A paint filter is an unsigned int of these bits; an
-// element is drawn only while its bit is set.
+/// @file
+/// The elements of a grid that painting can switch on and off. A paint filter is an unsigned int of these bits; an
+/// element is drawn only while its bit is set.
 #pragma once
 
 namespace Ostrel::GUI
 {
 
+/// One element each, to be combined.
 enum PaintFilter : unsigned int
 {
     PaintText = 0x00001,               ///< cell text

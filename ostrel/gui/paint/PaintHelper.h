@@ -1,5 +1,6 @@
-// The drawing primitives of cells and the rules that tell which overlays a cell shows. Painters of an application's own
-// formats use them as the default formats do. None of them changes the grid.
+/// @file
+/// The drawing primitives of cells and the rules that tell which overlays a cell shows. Painters of an application's
+/// own formats use them as the default formats do. None of them changes the grid.
 #pragma once
 
 #include <string>
@@ -14,6 +15,7 @@
 namespace Ostrel::GUI
 {
 
+/// What painters draw with.
 class OSTREL_GUI_API CPaintHelper
 {
 public:
@@ -33,38 +35,47 @@ public:
     /// The dotted frame of the focused row: what of it lies in this cell.
     static void DrawFocus(CGridCell const& cell, unsigned long color, CPaintContext const& context);
 
-    /// The tree: the button that expands a row and the dotted lines to its parent and siblings.
+    /// The button of the tree that expands or collapses a row, where the row has one.
     static void DrawCollapseExpandIcon(CGridCell const& cell, unsigned long color, CPaintContext const& context);
+    /// The dotted lines of the tree to the row's parent and siblings.
     static void DrawHierarchicalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context);
     /// True when the item has a parent and is its last child.
     static bool IsLastLevelItem(CGridItem* item);
     /// True when the row has children to show or to hide; an expanded row whose children are all filtered out has none.
     static bool CanShowExpandOrCollapseIcon(CGridLine const& line, CPaintContext const& context);
 
-    /// The bar where dragged rows would go, and the arrows at the row that would become their parent.
+    /// The bar where dragged rows would go: what of it lies in this cell.
     static void DrawDropPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context);
+    /// The arrows at the row that would become the parent of dragged rows; in the row's first cell.
     static void DrawDropParentPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context);
 
-    /// Dotted grid lines at the cell's right and bottom edge: every other pixel, the even ones of the window.
+    ///@{
+    /// The dotted grid line at the cell's right, or bottom, edge: every other pixel, the even ones of the window.
     static void DrawVerticalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context);
     static void DrawHorizontalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context);
+    ///@}
 
     /// The cell's image, stretched into the rectangle when the cell says so, else at its own size at the left edge and
     /// centred vertically. An opaque stretched image is laid on `backColor`.
     static void DrawImage(CGridCell const& cell, CPaintContext const& context, CRect const& rect,
                           unsigned long backColor, bool transparent);
 
-    /// The overlays that apply to the cell; opacity 0 when none does.
+    ///@{
+    /// The overlay that applies to the cell; opacity 0 when it does not.
     static CColorBlend GetSelectionColorBlend(CGridCell const& cell, CPaintContext const& context, unsigned int filter);
     static CColorBlend GetFocusedRowColorBlend(CGridCell const& cell, CPaintContext const& context,
                                                unsigned int filter);
     static CColorBlend GetSortedColumnColorBlend(CGridCell const& cell, CPaintContext const& context,
                                                  unsigned int filter);
-    /// The overlays of a value that changed lately; they depend on the time since the change.
+    ///@}
+
+    ///@{
+    /// The overlay of a value that changed lately; it depends on the time since the change. Opacity 0 for none.
     static CColorBlend GetHighlightForeColorBlend(CGridCell const& cell, CPaintContext const& context,
                                                   unsigned int filter);
     static CColorBlend GetHighlightBackColorBlend(CGridCell const& cell, CPaintContext const& context,
                                                   unsigned int filter);
+    ///@}
     /// The row's colour with all overlays blended onto it, in the order highlight, selection, sorted column, focus.
     static unsigned long GetResultingBackColor(CGridCell const& cell, CPaintContext const& context,
                                                unsigned int filter);

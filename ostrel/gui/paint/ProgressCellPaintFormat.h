@@ -1,4 +1,5 @@
-// A cell that shows an integer as a bar.
+/// @file
+/// A cell that shows an integer as a bar.
 #pragma once
 
 #include <ostrel/gui/paint/CellPaintFormat.h>
@@ -12,6 +13,7 @@ namespace Ostrel::GUI
 class OSTREL_GUI_API CProgressCellPaintFormat : public CCellPaintFormat
 {
 public:
+    /// The colour of the bar, 0x00BBGGRR, and the values of an empty and of a full bar.
     CProgressCellPaintFormat(unsigned long barColor, long minimum, long maximum) noexcept;
 
     // ICellPaintFormat
