@@ -1,25 +1,5 @@
-// Does with the windows of a program what a person does with mouse and keyboard, and sees what a person sees - without
-// a screen. Everything goes the way of real input: through the display, the message queue and the window procedures.
-//
-//     Driver driver;                      // first: the windows made after it live on a screen in memory
-//     MainWindow window;
-//     driver.Click(window, {20, 10});
-//     driver.TypeText("blue");
-//     driver.Advance(500);                // half a second, every timer in its order
-//     EXPECT_EQ(driver.Window("Search").GetFocus(), ...);
-//
-// One driver a test, on the thread of the windows; the windows die before it. Every action returns when the program is
-// idle again: all messages handled, everything painted. Time stands still unless Advance turns it, so that nothing
-// depends on the speed of the machine; a test that wants the real time asks for Time::Running.
-//
-// When a handler opens a modal loop (a dialog, a drag), an action returns only after that loop. What is to be done
-// inside is told before:
-//
-//     driver.OnModalLoop([&] { driver.PressKey(Key::Escape); });
-//     driver.Click(window, deleteButton);
-//
-// Each step runs when a modal loop has nothing left to do. A modal loop that waits with no step left would wait for
-// ever: after the limit of the options (real time) the wait ends with a DriverError, thrown out of the loop.
+/// @file
+/// Does with the windows of a program what a person does.
 #pragma once
 
 #include <deque>
@@ -50,16 +30,18 @@ class Alarm;
 using Platform::CursorShape;
 using Platform::MouseButton;
 
+/// How a Driver is set up.
 struct DriverOptions
 {
+    /// Which clock the program sees.
     enum class Time
     {
         Manual, ///< stands still; Advance turns it
         Running ///< the system's
     };
 
-    CSize screen{1920, 1080};
-    Time time = Time::Manual;
+    CSize screen{1920, 1080}; ///< in pixels
+    Time time = Time::Manual; ///< stands still unless the test asks for the system's
     /// The default font of the grids while the driver lives.
     std::optional<LOGFONT> font{};
     /// A font configuration file that replaces the machine's, so that texts look alike everywhere. The first text that
@@ -69,11 +51,33 @@ struct DriverOptions
     int stuckLimitMs = 20000;
 };
 
+/// Does with the windows of a program what a person does with mouse and keyboard, and sees what a person sees - without
+/// a screen. Everything goes the way of real input: through the display, the message queue and the window procedures.
+///
+///     Driver driver;                      // first: the windows made after it live on a screen in memory
+///     MainWindow window;
+///     driver.Click(window, {20, 10});
+///     driver.TypeText("blue");
+///     driver.Advance(500);                // half a second, every timer in its order
+///     EXPECT_EQ(driver.Window("Search").GetFocus(), ...);
+///
+/// One driver a test, on the thread of the windows; the windows die before it. Every action returns when the program is
+/// idle again: all messages handled, everything painted. Time stands still unless Advance turns it, so that nothing
+/// depends on the speed of the machine; a test that wants the real time asks for Time::Running.
+///
+/// When a handler opens a modal loop (a dialog, a drag), an action returns only after that loop. What is to be done
+/// inside is told before:
+///
+///     driver.OnModalLoop([&] { driver.PressKey(Key::Escape); });
+///     driver.Click(window, deleteButton);
+///
+/// Each step runs when a modal loop has nothing left to do. A modal loop that waits with no step left would wait for
+/// ever: after the limit of the options (real time) the wait ends with a DriverError, thrown out of the loop.
 class OSTREL_TESTING_API Driver
 {
 public:
-    using Options = DriverOptions;
-    using Time = DriverOptions::Time;
+    using Options = DriverOptions;    ///< screen, clock, fonts
+    using Time = DriverOptions::Time; ///< which clock the program sees
 
     /// Gives the calling thread a headless display. The thread has no top-level window yet.
     explicit Driver(Options options = {});
@@ -87,10 +91,15 @@ public:
     [[nodiscard]] Platform::HeadlessDisplay& Display() noexcept { return *m_display; }
 
     // ---- mouse. Points without a window are on the screen, with one in its client area.
+    ///@{
+    /// Moves the mouse there at once.
     void MovePointer(CPoint screenPoint);
     void MovePointer(CWnd const& window, CPoint clientPoint) { MovePointer(OnScreen(window, clientPoint)); }
+    ///@}
+    /// Where the pointer is on the screen.
     [[nodiscard]] CPoint PointerPosition() const { return m_display->PointerPosition(); }
 
+    ///@{
     /// A single click. A click that would make a double click of an earlier one lets the double-click time pass first.
     void Click(CPoint screenPoint, Modifier modifiers = Modifier::None, MouseButton button = MouseButton::Left);
     void Click(CWnd const& window, CPoint clientPoint, Modifier modifiers = Modifier::None,
@@ -98,26 +107,36 @@ public:
     {
         Click(OnScreen(window, clientPoint), modifiers, button);
     }
+    ///@}
+
+    ///@{
+    /// Two clicks within the double-click time.
     void DoubleClick(CPoint screenPoint, Modifier modifiers = Modifier::None, MouseButton button = MouseButton::Left);
     void DoubleClick(CWnd const& window, CPoint clientPoint, Modifier modifiers = Modifier::None,
                      MouseButton button = MouseButton::Left)
     {
         DoubleClick(OnScreen(window, clientPoint), modifiers, button);
     }
+    ///@}
 
-    /// The parts of a gesture, for tests that look at what is in between. MovePointer moves while a button is down.
+    ///@{
+    /// The beginning of a gesture, for tests that look at what is in between. MovePointer moves while a button is down.
     void Press(CPoint screenPoint, MouseButton button = MouseButton::Left);
     void Press(CWnd const& window, CPoint clientPoint, MouseButton button = MouseButton::Left)
     {
         Press(OnScreen(window, clientPoint), button);
     }
+    ///@}
+    /// The end of a gesture.
     void Release(MouseButton button = MouseButton::Left);
 
+    /// How a drag ends.
     enum class DragEnd
     {
         Drop,  ///< the button is released at the end
         Escape ///< Esc is pressed at the end, then the button released
     };
+    ///@{
     /// Press, several moves, and the end. The steps after the press also run inside a modal loop that the drag starts.
     void Drag(CPoint fromScreenPoint, CPoint toScreenPoint, Modifier modifiers = Modifier::None,
               DragEnd end = DragEnd::Drop, MouseButton button = MouseButton::Left);
@@ -126,22 +145,29 @@ public:
     {
         Drag(OnScreen(window, from), OnScreen(window, to), modifiers, end, button);
     }
+    ///@}
 
     /// Turns the wheel where the pointer is; positive away from the user (up).
     void Wheel(int notches, Modifier modifiers = Modifier::None);
     /// The same to the right.
     void WheelRight(int notches);
+    ///@{
     /// Moves the pointer there and lets it rest for so many milliseconds.
     void Hover(CPoint screenPoint, int restMs = 1000);
     void Hover(CWnd const& window, CPoint clientPoint, int restMs = 1000)
     {
         Hover(OnScreen(window, clientPoint), restMs);
     }
+    ///@}
 
     // ---- keyboard: goes to the window that has the focus
+    /// A key, a VK_ code, down and up with the modifiers held.
     void PressKey(UINT key, Modifier modifiers = Modifier::None);
+    ///@{
+    /// Half of a key press.
     void KeyDown(UINT key);
     void KeyUp(UINT key);
+    ///@}
     /// Types whole UTF-8 characters.
     void TypeText(std::string_view text);
 
@@ -151,12 +177,15 @@ public:
     /// The visible top-level window with this title. Throws DriverError, naming the titles, when there is none. For a
     /// window that was made without an object a temporary one, good until the program waits the next time.
     [[nodiscard]] CWnd& Window(std::string_view title) const;
+    /// True when there is a visible top-level window with this title.
     [[nodiscard]] bool HasWindow(std::string_view title) const;
-    /// As by the close button of the frame, and by dragging its border. `size` is that of the inner area.
+    /// As by the close button of the frame.
     void RequestClose(CWnd const& window);
+    /// As by dragging the border of the frame. `size` is that of the inner area.
     void Resize(CWnd const& window, CSize size);
-    /// Another program takes the keyboard; the user comes back.
+    /// Another program takes the keyboard.
     void LeaveProgram();
+    /// The user comes back: the window that had the keyboard gets it again.
     void ReturnToProgram();
 
     // ---- time and messages
@@ -177,24 +206,37 @@ public:
     [[nodiscard]] int PendingModalSteps() const noexcept { return static_cast<int>(m_modalSteps.size()); }
 
     // ---- what is to be seen, after everything has been painted
+    ///@{
+    /// The colour of a pixel.
     [[nodiscard]] COLORREF ColorAt(CPoint screenPoint);
     [[nodiscard]] COLORREF ColorAt(CWnd const& window, CPoint clientPoint)
     {
         return ColorAt(OnScreen(window, clientPoint));
     }
+    ///@}
+
+    ///@{
     /// The screen, or the part of it where the client area of a window is.
     [[nodiscard]] Platform::Surface Picture();
     [[nodiscard]] Platform::Surface Picture(CWnd const& window);
+    ///@}
+
+    ///@{
     /// Writes the screen, or a window's client area, to a PNG file. Throws DriverError when that fails.
     void SavePng(std::string const& path);
     void SavePng(CWnd const& window, std::string const& path);
+    ///@}
     /// The cursor where the pointer is.
     [[nodiscard]] CursorShape Cursor();
 
     // ---- clipboard: that of the process, empty text when it holds none
+    ///@{
+    /// The text on the clipboard; empty when it holds none.
     [[nodiscard]] std::string ClipboardText() const;
     void SetClipboardText(std::string_view text);
+    ///@}
 
+    /// A point of a window's client area as a point of the screen.
     [[nodiscard]] static CPoint OnScreen(CWnd const& window, CPoint clientPoint);
 
 private:

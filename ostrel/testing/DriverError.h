@@ -1,4 +1,5 @@
-// What a driver throws when it cannot do what it was asked to.
+/// @file
+/// What a driver throws when it cannot do what it was asked to.
 #pragma once
 
 #include <stdexcept>
@@ -13,9 +14,13 @@ namespace Ostrel::Testing
 class OSTREL_TESTING_API DriverError : public std::runtime_error
 {
 public:
+    /// With the message.
     using std::runtime_error::runtime_error;
+    ///@{
+    /// Copies the message.
     DriverError(DriverError const&) = default;
     DriverError& operator=(DriverError const&) = default;
+    ///@}
     ~DriverError() override;
 };
 

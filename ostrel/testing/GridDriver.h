@@ -1,17 +1,5 @@
-// A person in front of a grid: clicks rows, cells and captions by their names and tells what the grid shows.
-//
-//     GridDriver grid(driver, window.m_grid);
-//     grid.ClickRow("red");
-//     grid.ClickRow("blue", Modifier::Ctrl);
-//     grid.ClickCaption("Price");
-//     EXPECT_EQ(grid.State(), "rows=blue,red selected=red,blue focus=- first=0 sort=Price:asc");
-//
-// A row is named by the text of its key column: the first visible one unless SetKeyColumn says otherwise. Where several
-// rows have the name the first one counts, fixed rows before scrollable ones. A column is named by its caption. Only
-// what is on the screen can be clicked: ScrollTo turns the wheel until a row is. Whatever is not there throws
-// DriverError.
-//
-// All on the thread of the grid. Neither driver nor grid is owned; both outlive this object.
+/// @file
+/// A person in front of a grid.
 #pragma once
 
 #include <functional>
@@ -28,31 +16,60 @@
 namespace Ostrel::Testing
 {
 
+/// A person in front of a grid: clicks rows, cells and captions by their names and tells what the grid shows.
+///
+///     GridDriver grid(driver, window.m_grid);
+///     grid.ClickRow("red");
+///     grid.ClickRow("blue", Modifier::Ctrl);
+///     grid.ClickCaption("Price");
+///     EXPECT_EQ(grid.State(), "rows=blue,red selected=red,blue focus=- first=0 sort=Price:asc");
+///
+/// A row is named by the text of its key column: the first visible one unless SetKeyColumn says otherwise. Where
+/// several rows have the name the first one counts, fixed rows before scrollable ones. A column is named by its
+/// caption. Only what is on the screen can be clicked: ScrollTo turns the wheel until a row is. Whatever is not there
+/// throws DriverError.
+///
+/// All on the thread of the grid. Neither driver nor grid is owned; both outlive this object.
 class OSTREL_TESTING_API GridDriver
 {
 public:
+    /// Neither is owned; both outlive this object.
     GridDriver(Testing::Driver& driver, GUI::CGrid& grid) noexcept : m_driver(driver), m_grid(grid) {}
 
+    /// The driver of the program.
     [[nodiscard]] Testing::Driver& Driver() const noexcept { return m_driver; }
+    /// The grid.
     [[nodiscard]] GUI::CGrid& Grid() const noexcept { return m_grid; }
+    /// From now on rows are named by their text in this column.
     void SetKeyColumn(std::string_view caption) { m_keyFid = Column(caption).GetFid(); }
 
     // ---- names
+    /// The row of that name, on the screen or not.
     [[nodiscard]] GUI::CGridItem* Item(std::string_view row) const;
+    /// The column with that caption.
     [[nodiscard]] GUI::CColumn& Column(std::string_view caption) const;
+    /// Whether there is a row of that name, visible or not.
     [[nodiscard]] bool HasRow(std::string_view row) const;
-    /// The name of a row; "-" for none.
+    ///@{
+    /// The name of a row, or of the row of an object; "-" for none.
     [[nodiscard]] std::string NameOf(GUI::CGridItem* item) const;
     [[nodiscard]] std::string NameOf(Common::CDataObject& object) const;
+    ///@}
 
     // ---- mouse on rows and cells. A row is clicked in its key column, where the text is.
+    /// A click on the row.
     void ClickRow(std::string_view row, Modifier modifiers = Modifier::None);
+    /// A double click on the row.
     void DoubleClickRow(std::string_view row, Modifier modifiers = Modifier::None);
+    /// A click with the right button on the row.
     void RightClickRow(std::string_view row);
+    /// A click into the middle of the cell.
     void ClickCell(std::string_view row, std::string_view column, Modifier modifiers = Modifier::None);
+    /// A double click into the middle of the cell.
     void DoubleClickCell(std::string_view row, std::string_view column);
     /// Presses on one row and releases on another.
     void DragRow(std::string_view fromRow, std::string_view toRow, Modifier modifiers = Modifier::None);
+    /// A click on the button that shows or hides the row's children.
     void ClickExpandButton(std::string_view row);
     /// Below the last row; throws when there is no room.
     void ClickBelowRows();
@@ -60,6 +77,7 @@ public:
     void HoverCell(std::string_view row, std::string_view column, int restMs = 1000);
 
     // ---- mouse on the header
+    /// A click on the caption: it sorts.
     void ClickCaption(std::string_view column, Modifier modifiers = Modifier::None);
     /// Drags the right edge of a caption by so many pixels.
     void DragCaptionEdge(std::string_view column, int pixels);
@@ -71,6 +89,7 @@ public:
     void Wheel(int notches);
     /// Turns the wheel until the row is wholly on the screen.
     void ScrollTo(std::string_view row);
+    /// What of the vertical scroll bar is clicked.
     enum class ScrollBarPart
     {
         LineUp,
@@ -84,10 +103,13 @@ public:
     void DragThumb(int pixels);
 
     // ---- keyboard; the grid must have the focus (a click gives it)
+    /// A key, a VK_ code, down and up.
     void PressKey(UINT key, Modifier modifiers = Modifier::None) { m_driver.PressKey(key, modifiers); }
+    /// Types whole UTF-8 characters.
     void TypeText(std::string_view text) { m_driver.TypeText(text); }
 
     // ---- what is shown, as text
+    /// The text of a cell, on the screen or not.
     [[nodiscard]] std::string CellText(std::string_view row, std::string_view column) const;
     /// The texts of the visible columns, "red | 3.50 | 7".
     [[nodiscard]] std::string RowText(std::string_view row) const;
@@ -114,24 +136,33 @@ public:
     [[nodiscard]] std::string ColumnsText() const;
 
     // ---- what is shown, as pixels
+    /// The two colours of a text.
     struct Colors
     {
         COLORREF back; ///< the commonest colour
         COLORREF text; ///< the one that differs from it most
     };
-    /// Of the inside of the cell, two pixels off its edges.
+    /// The colours of the inside of the cell, two pixels off its edges.
     [[nodiscard]] Colors CellColors(std::string_view row, std::string_view column);
+    /// The pixels of the inside of the cell.
     [[nodiscard]] Platform::Surface CellPicture(std::string_view row, std::string_view column);
 
     // ---- waiting; each throws DriverError with the state reached when the limit has passed
+    /// Lets time pass until the predicate answers true, at most that many milliseconds of the clock.
     void WaitUntil(std::function<bool()> const& predicate, int limitMs = 5000);
+    /// The same until State() is this line.
     void WaitUntilState(std::string_view state, int limitMs = 5000);
+    /// The same until the cell has this text.
     void WaitUntilCell(std::string_view row, std::string_view column, std::string_view text, int limitMs = 5000);
 
     // ---- places, in client coordinates
+    /// What of the cell is on the screen.
     [[nodiscard]] CRect CellRect(std::string_view row, std::string_view column) const;
+    /// The middle of the cell.
     [[nodiscard]] CPoint CellPoint(std::string_view row, std::string_view column) const;
+    /// Where the row is clicked.
     [[nodiscard]] CPoint RowPoint(std::string_view row) const;
+    /// The middle of the caption.
     [[nodiscard]] CPoint CaptionPoint(std::string_view column) const;
 
 private:

@@ -1,11 +1,5 @@
-// A window with nothing but a grid of test objects in it, ready to be driven.
-//
-//     Driver driver;
-//     GridWindow grid(driver, {.columns = "Name:100|Price:80,Quantity:60"});
-//     grid.AddRows({"red", "green", "blue"});
-//     grid.ClickRow("red");
-//     EXPECT_EQ(grid.SelectionText(), "selected=red focus=red");
-//     EXPECT_EQ(grid.Notifications().Text(), "FocusChanged red gained; SelectionChanged red selected");
+/// @file
+/// A window with nothing but a grid of test objects in it.
 #pragma once
 
 #include <initializer_list>
@@ -31,13 +25,14 @@ namespace Ostrel::Testing
 [[nodiscard]] OSTREL_TESTING_API std::unique_ptr<GUI::CHeader> MakeHeader(std::string_view columns,
                                                                           Common::CDataObject& sample);
 
+/// How a GridWindow is set up.
 struct GridWindowOptions
 {
-    std::string title = "Grid";
-    std::string columns = "Name:100,Price:80,Quantity:60";
-    CSize size{400, 300}; ///< of the grid, with its scroll bars
-    CPoint position{100, 100};
-    DWORD gridStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL;
+    std::string title = "Grid";                                        ///< of the window
+    std::string columns = "Name:100,Price:80,Quantity:60";             ///< see MakeHeader
+    CSize size{400, 300};                                              ///< of the grid, with its scroll bars
+    CPoint position{100, 100};                                         ///< of the window on the screen
+    DWORD gridStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL; ///< of the grid
 };
 
 namespace Detail
@@ -51,10 +46,20 @@ struct OSTREL_TESTING_API GridWindowParts
 };
 } // namespace Detail
 
+/// A window with nothing but a grid of test objects in it, ready to be driven.
+///
+///     Driver driver;
+///     GridWindow grid(driver, {.columns = "Name:100|Price:80,Quantity:60"});
+///     grid.AddRows({"red", "green", "blue"});
+///     grid.ClickRow("red");
+///     EXPECT_EQ(grid.SelectionText(), "selected=red focus=red");
+///     EXPECT_EQ(grid.Notifications().Text(), "FocusChanged red gained; SelectionChanged red selected");
+///
 /// The window is visible and has the focus when the constructor returns. Rows are TestObjects that the window owns.
 class OSTREL_TESTING_API GridWindow : private Detail::GridWindowParts, public GridDriver
 {
 public:
+    /// Makes the window on the driver's screen. The driver must outlive it.
     explicit GridWindow(Testing::Driver& driver, GridWindowOptions const& options = {});
     GridWindow(GridWindow const&) = delete;
     GridWindow& operator=(GridWindow const&) = delete;
@@ -63,8 +68,11 @@ public:
     /// Adds an object as the last row of an area or of a row. Like all that changes rows here, nothing is painted yet
     /// when it returns.
     TestObject& Add(TestRow row, GUI::CGridItem* parent = GUI::ScrollableRoot);
+    /// The same in the fixed area.
     TestObject& AddFixed(TestRow row) { return Add(std::move(row), GUI::FixedRoot); }
+    /// The same below the row of that name.
     TestObject& AddChild(std::string_view parentRow, TestRow row) { return Add(std::move(row), Item(parentRow)); }
+    /// A row for each name in the scrollable area.
     void AddRows(std::initializer_list<std::string_view> names);
     /// name0, name1, ... with quantities 0, 1, ...
     void AddMany(int count, std::string_view name = "row");
@@ -73,9 +81,13 @@ public:
     /// Destroys the object; its rows go with it.
     void Destroy(std::string_view name);
 
+    /// The header of the grid.
     [[nodiscard]] GUI::CHeader& Header() const { return *Grid().GetHeader(); }
+    ///@{
+    /// The window around the grid, which writes down what the grid tells it.
     [[nodiscard]] NotificationLog& Frame() noexcept { return frame; }
     [[nodiscard]] NotificationLog& Notifications() noexcept { return frame; }
+    ///@}
 };
 
 } // namespace Ostrel::Testing

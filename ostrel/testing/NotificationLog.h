@@ -1,4 +1,5 @@
-// A top-level window that writes down what the grid inside it tells its parent.
+/// @file
+/// A top-level window that writes down what the grid inside it tells its parent.
 #pragma once
 
 #include <map>
@@ -25,9 +26,11 @@ class OSTREL_TESTING_API NotificationLog : public CFrameWnd
 public:
     NotificationLog() { SetAutoDelete(false); }
 
+    /// What was written down since Clear, in order.
     [[nodiscard]] std::vector<std::string> const& Lines() const noexcept { return m_lines; }
     /// The same as one line, parted by "; ".
     [[nodiscard]] std::string Text() const;
+    /// Forgets what was written down.
     void Clear() { m_lines.clear(); }
 
     /// Called with each notification after it was written down, for tests that act inside it.

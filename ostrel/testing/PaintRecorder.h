@@ -1,4 +1,5 @@
-// Counts what a grid paints. Sits in the grid as its custom draw while it lives, and draws as the default does.
+/// @file
+/// Counts what a grid paints. Sits in the grid as its custom draw while it lives, and draws as the default does.
 #pragma once
 
 #include <string>
@@ -11,6 +12,7 @@
 namespace Ostrel::Testing
 {
 
+/// Shows that an update repaints no more than it must.
 class OSTREL_TESTING_API PaintRecorder final : public GUI::CCustomDraw
 {
 public:
@@ -26,8 +28,9 @@ public:
     [[nodiscard]] std::vector<std::string> const& Cells() const noexcept { return m_cells; }
     /// The same as one line, "-" for none.
     [[nodiscard]] std::string CellsText() const;
-    /// Lines with a row, headers.
+    /// How many lines with a row were painted since Clear.
     [[nodiscard]] int LineCount() const noexcept { return m_lineCount; }
+    /// How many times the header was painted since Clear.
     [[nodiscard]] int HeaderCount() const noexcept { return m_headerCount; }
     /// Lets everything be painted that is due, then forgets it.
     void Clear();

@@ -1,4 +1,5 @@
-// A small data object for tests: one field of each common type, and setters that notify.
+/// @file
+/// A small data object for tests: one field of each common type, and setters that notify.
 #pragma once
 
 #include <string>
@@ -13,12 +14,12 @@ namespace Ostrel::Testing
 /// What a TestObject holds, for `TestRow{.name = "red", .price = 3.5}`.
 struct TestRow
 {
-    std::string name{};
-    double price = 0;
-    long quantity = 0;
-    bool active = false;
-    __int64 volume = 0;
-    CString note{};
+    std::string name{};  ///< what a GridDriver calls the row by
+    double price = 0;    ///< a number with decimals
+    long quantity = 0;   ///< a whole number
+    bool active = false; ///< "true" or "false"
+    __int64 volume = 0;  ///< a large whole number
+    CString note{};      ///< any text
 };
 
 /// Any thread may read and write it.
@@ -28,14 +29,15 @@ public:
     /// The fields; their names are the enumerators'.
     enum Fid : long
     {
-        Name = 1,
-        Price = 2,
-        Quantity = 3,
-        Active = 4,
-        Volume = 5,
-        Note = 6
+        Name = 1,     ///< std::string
+        Price = 2,    ///< double
+        Quantity = 3, ///< long
+        Active = 4,   ///< bool
+        Volume = 5,   ///< __int64
+        Note = 6      ///< CString
     };
 
+    /// An object with these values.
     explicit TestObject(TestRow row = {}) : m_row(std::move(row)) {}
     TestObject(TestObject const&) = delete;
     TestObject& operator=(TestObject const&) = delete;
@@ -43,6 +45,8 @@ public:
 
     [[nodiscard]] Common::CFieldMap const* GetFieldMap() const override;
 
+    ///@{
+    /// A value; setting notifies the subscribers.
     [[nodiscard]] std::string GetName() const { return Read(&TestRow::name); }
     void SetName(std::string const& name) { Write(&TestRow::name, name, Name); }
     [[nodiscard]] double GetPrice() const { return Read(&TestRow::price); }
@@ -55,6 +59,7 @@ public:
     void SetVolume(__int64 volume) { Write(&TestRow::volume, volume, Volume); }
     [[nodiscard]] CString GetNote() const { return Read(&TestRow::note); }
     void SetNote(CString const& note) { Write(&TestRow::note, note, Note); }
+    ///@}
 
 private:
     template <class T>
