@@ -1,4 +1,5 @@
-// Bitmaps: pictures in memory that a memory device context draws on and copies from.
+/// @file
+/// Bitmaps: pictures in memory that a memory device context draws on and copies from.
 #pragma once
 
 #include <memory>
@@ -9,6 +10,7 @@
 
 class CDC;
 
+/// A picture in memory, 32 bits a pixel.
 class OSTREL_PLATFORM_API CBitmap : public CGdiObject
 {
 public:
@@ -30,12 +32,15 @@ public:
 
     /// Describes the bitmap; returns the size of the structure, 0 when there is no picture or no structure.
     int GetBitmap(BITMAP* description) const noexcept;
+    /// Width and height in pixels; 0 by 0 without a picture.
     [[nodiscard]] CSize GetSize() const noexcept;
 
     /// The pixels, null when there is no picture. A device context that has the bitmap selected shares them.
     [[nodiscard]] std::shared_ptr<Ostrel::Platform::Surface> const& GetSurface() const noexcept { return m_surface; }
 
+    /// The handle; null while the object holds nothing.
     operator HBITMAP() const { return static_cast<HBITMAP>(GetSafeHandle()); }
+    /// The object of a handle; null for a null, foreign or stale one.
     [[nodiscard]] static CBitmap* FromHandle(HBITMAP handle) noexcept;
 
 private:

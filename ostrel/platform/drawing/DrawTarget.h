@@ -1,6 +1,7 @@
-// What a device context draws on: pixels in memory today, a page of a document as well later. The context has already
-// resolved origins, selected objects and its clip; a target sees absolute coordinates and a list of rectangles inside
-// which it may draw. Calls are per primitive (a whole text, a whole line), so the virtual call does not matter.
+/// @file
+/// What a device context draws on: pixels in memory today, a page of a document as well later. The context has already
+/// resolved origins, selected objects and its clip; a target sees absolute coordinates and a list of rectangles inside
+/// which it may draw. Calls are per primitive (a whole text, a whole line), so the virtual call does not matter.
 #pragma once
 
 #include <span>
@@ -20,39 +21,42 @@ using ClipRects = std::span<CRect const>;
 /// One line of text in a box. The text is not broken; control characters show as blanks.
 struct TextLine
 {
+    /// Where the text stands in its box.
     enum class Align
     {
-        Left,
-        Center,
-        Right
+        Left,   ///< at the left edge
+        Center, ///< in the middle
+        Right   ///< at the right edge
     };
 
-    FontId font = 0;
-    std::string_view text;
-    int left = 0;
-    int right = 0;
-    int baseline = 0;
-    Align align = Align::Left;
-    bool ellipsis = false; ///< when wider than the box, end with an ellipsis that fits
-    COLORREF color = 0;
+    FontId font = 0;           ///< which font
+    std::string_view text;     ///< UTF-8
+    int left = 0;              ///< of the box
+    int right = 0;             ///< of the box
+    int baseline = 0;          ///< where the letters stand
+    Align align = Align::Left; ///< where the text stands in the box
+    bool ellipsis = false;     ///< when wider than the box, end with an ellipsis that fits
+    COLORREF color = 0;        ///< of the letters
 };
 
 /// How the pixels of a picture meet those below.
 struct PictureMode
 {
+    /// How.
     enum class Mix
     {
-        Copy,
-        Alpha, ///< by each pixel's opacity times `opacity`
-        ColorKey
+        Copy,    ///< instead of them
+        Alpha,   ///< by each pixel's opacity times `opacity`
+        ColorKey ///< where they have not the colour `key`
     };
 
-    Mix mix = Mix::Copy;
-    BYTE opacity = 255;
-    COLORREF key = 0;
+    Mix mix = Mix::Copy; ///< how
+    BYTE opacity = 255;  ///< of the picture as a whole
+    COLORREF key = 0;    ///< the colour that counts as transparent
     bool smooth = false; ///< averages when scaling instead of taking the nearest pixel
 };
 
+/// What a device context draws on.
 class OSTREL_PLATFORM_API DrawTarget
 {
 public:
@@ -62,10 +66,14 @@ public:
     [[nodiscard]] virtual CRect Bounds() const noexcept = 0;
     /// The pixels; null for a target that has none to read.
     [[nodiscard]] virtual Surface* Pixels() noexcept { return nullptr; }
+    /// For sizes in points.
     [[nodiscard]] virtual int PixelsPerInch() const noexcept = 0;
 
+    /// Gives the rectangle a colour.
     virtual void Fill(CRect const& rect, COLORREF color, ClipRects clip) = 0;
+    /// Lays a colour over the rectangle.
     virtual void Blend(CRect const& rect, COLORREF color, BYTE opacity, ClipRects clip) = 0;
+    /// Inverts the colours of the rectangle.
     virtual void Invert(CRect const& rect, ClipRects clip) = 0;
     /// The pixels of the rectangle at which x + y + phase is even.
     virtual void Dots(CRect const& rect, int phase, COLORREF color, ClipRects clip) = 0;
@@ -77,9 +85,12 @@ public:
     virtual void Picture(Surface const& source, CRect const& from, CRect const& to, PictureMode const& mode,
                          ClipRects clip) = 0;
 
-    /// Texts are measured on the target they are drawn on; widths in pixels, as drawn.
+    ///@{
+    /// Texts are measured on the target they are drawn on; sizes in pixels, as drawn.
     virtual void FontMetrics(FontId font, TEXTMETRIC& metrics) = 0;
     [[nodiscard]] virtual int TextWidth(FontId font, std::string_view text) = 0;
+    ///@}
+    /// Draws one line of text.
     virtual void Text(TextLine const& line, ClipRects clip) = 0;
 };
 

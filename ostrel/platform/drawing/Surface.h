@@ -1,8 +1,5 @@
-// Pixels in memory: what a window's back buffer and a bitmap are made of.
-//
-// A pixel is a 32-bit word 0xAARRGGBB with the colours already multiplied by the opacity. Every row has kSparePixels
-// further pixels behind its last one, which hold nothing: blitters may read and rewrite them unchanged, so that they
-// can always work on blocks of four pixels. Not locked: one thread at a time.
+/// @file
+/// Pixels in memory.
 #pragma once
 
 #include <cstddef>
@@ -16,24 +13,31 @@
 namespace Ostrel::Platform
 {
 
-/// The opaque pixel of a colour, and the colour of an opaque pixel.
+/// The opaque pixel of a colour.
 constexpr std::uint32_t PixelFromColor(COLORREF color) noexcept
 {
     return 0xFF000000U | (static_cast<std::uint32_t>(GetRValue(color)) << 16U) |
            (static_cast<std::uint32_t>(GetGValue(color)) << 8U) | GetBValue(color);
 }
+/// The colour of an opaque pixel.
 constexpr COLORREF ColorFromPixel(std::uint32_t pixel) noexcept
 {
     return RGB(static_cast<BYTE>(pixel >> 16U), static_cast<BYTE>(pixel >> 8U), static_cast<BYTE>(pixel));
 }
 
+/// Pixels in memory: what a window's back buffer and a bitmap are made of.
+///
+/// A pixel is a 32-bit word 0xAARRGGBB with the colours already multiplied by the opacity. Every row has kSparePixels
+/// further pixels behind its last one, which hold nothing: blitters may read and rewrite them unchanged, so that they
+/// can always work on blocks of four pixels. Not locked: one thread at a time.
 class OSTREL_PLATFORM_API Surface
 {
 public:
-    static constexpr int kSparePixels = 16;
+    static constexpr int kSparePixels = 16; ///< behind the last pixel of each row
     /// The greatest width and height; a surface that is asked to be larger is made this large.
     static constexpr int kMaximumSize = 16384;
 
+    /// No pixels.
     Surface() noexcept = default;
     /// Opaque black. Negative sizes count as 0.
     Surface(int width, int height);
@@ -44,25 +48,37 @@ public:
 
     Surface(Surface const&) = delete;
     Surface& operator=(Surface const&) = delete;
+    ///@{
+    /// Takes the pixels; the other surface is empty then.
     Surface(Surface&& other) noexcept;
     Surface& operator=(Surface&& other) noexcept;
+    ///@}
     ~Surface() = default;
 
+    ///@{
+    /// The size in pixels.
     [[nodiscard]] int Width() const noexcept { return m_width; }
     [[nodiscard]] int Height() const noexcept { return m_height; }
+    ///@}
+    /// All pixels: from (0, 0) on.
     [[nodiscard]] CRect Bounds() const noexcept { return {0, 0, m_width, m_height}; }
+    /// From one row to the next.
     [[nodiscard]] int StrideInPixels() const noexcept { return m_stride; }
 
+    ///@{
     /// The first pixel of a row, 0 <= y < Height().
     [[nodiscard]] std::uint32_t* Row(int y) noexcept { return m_pixels + RowOffset(y); }
     [[nodiscard]] std::uint32_t const* Row(int y) const noexcept { return m_pixels + RowOffset(y); }
+    ///@}
 
     /// Changes the size and keeps what both sizes have in common; new pixels are opaque black.
     void Resize(int width, int height);
 
+    ///@{
     /// The word of a pixel, and its colour; 0 outside the surface.
     [[nodiscard]] std::uint32_t PixelAt(int x, int y) const noexcept;
     [[nodiscard]] COLORREF ColorAt(int x, int y) const noexcept { return ColorFromPixel(PixelAt(x, y)); }
+    ///@}
 
     /// Moves the pixels of a rectangle by (dx, dy) within it, as scrolling does. What moves out is lost; what is laid
     /// bare keeps its old pixels until somebody paints it.

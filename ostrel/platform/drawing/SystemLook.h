@@ -1,8 +1,9 @@
-// The look of the system, in one place: its colours, its sizes and the drawing of standard control parts. A flat, calm
-// look in a light and a dark set; raised only where a raised edge is asked for.
-//
-// Every size is for the current scale factor: ask for it, do not write it down. All of it may be read from any thread;
-// colours and scale change for the whole process at once, and open windows must then be painted anew.
+/// @file
+/// The look of the system, in one place: its colours, its sizes and the drawing of standard control parts. A flat, calm
+/// look in a light and a dark set; raised only where a raised edge is asked for.
+///
+/// Every size is for the current scale factor: ask for it, do not write it down. All of it may be read from any thread;
+/// colours and scale change for the whole process at once, and open windows must then be painted anew.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -11,7 +12,8 @@
 class CDC;
 class CBrush;
 
-// System colours
+///@{
+/// The number of a system colour, for GetSysColor.
 inline constexpr int COLOR_SCROLLBAR = 0;
 inline constexpr int COLOR_BACKGROUND = 1;
 inline constexpr int COLOR_ACTIVECAPTION = 2;
@@ -42,8 +44,10 @@ inline constexpr int COLOR_3DLIGHT = 22;
 inline constexpr int COLOR_INFOTEXT = 23;
 inline constexpr int COLOR_INFOBK = 24;
 inline constexpr int COLOR_HOTLIGHT = 26;
+///@}
 
-// System metrics
+///@{
+/// The number of a size, for GetSystemMetrics.
 inline constexpr int SM_CXSCREEN = 0;
 inline constexpr int SM_CYSCREEN = 1;
 inline constexpr int SM_CXVSCROLL = 2;
@@ -69,8 +73,10 @@ inline constexpr int SM_CXDRAG = 68;
 inline constexpr int SM_CYDRAG = 69;
 inline constexpr int SM_CXMENUCHECK = 71;
 inline constexpr int SM_CYMENUCHECK = 72;
+///@}
 
-// Edges
+///@{
+/// Which edge CDC::DrawEdge draws (BDR_*, EDGE_*), and at which sides (BF_*).
 inline constexpr UINT BDR_RAISEDOUTER = 0x0001;
 inline constexpr UINT BDR_SUNKENOUTER = 0x0002;
 inline constexpr UINT BDR_RAISEDINNER = 0x0004;
@@ -87,8 +93,10 @@ inline constexpr UINT BF_RECT = BF_LEFT | BF_TOP | BF_RIGHT | BF_BOTTOM;
 inline constexpr UINT BF_MIDDLE = 0x0800;
 inline constexpr UINT BF_ADJUST = 0x2000;
 inline constexpr UINT BF_FLAT = 0x4000;
+///@}
 
-// Frame controls
+///@{
+/// Which control CDC::DrawFrameControl draws (DFC_*), and in which state (DFCS_*).
 inline constexpr UINT DFC_SCROLL = 3;
 inline constexpr UINT DFC_BUTTON = 4;
 inline constexpr UINT DFCS_SCROLLUP = 0x0000;
@@ -105,6 +113,7 @@ inline constexpr UINT DFCS_PUSHED = 0x0200;
 inline constexpr UINT DFCS_CHECKED = 0x0400;
 inline constexpr UINT DFCS_HOT = 0x1000;
 inline constexpr UINT DFCS_FLAT = 0x4000;
+///@}
 
 /// A system colour; black for an unknown number. Any thread.
 OSTREL_PLATFORM_API COLORREF GetSysColor(int colorIndex) noexcept;
@@ -120,19 +129,23 @@ namespace Ostrel::Platform
 /// True for the numbers that name a system colour.
 [[nodiscard]] OSTREL_PLATFORM_API bool IsSystemColor(int colorIndex) noexcept;
 
+/// A set of system colours.
 enum class ColorScheme
 {
-    Light,
-    Dark
+    Light, ///< dark on light
+    Dark   ///< light on dark
 };
 
-/// Switches all system colours at once. Any thread.
+///@{
+/// The set of system colours in use. Setting switches all of them at once. Any thread.
 OSTREL_PLATFORM_API void SetColorScheme(ColorScheme scheme) noexcept;
 [[nodiscard]] OSTREL_PLATFORM_API ColorScheme GetColorScheme() noexcept;
+///@}
 
 /// Device pixels for each design pixel (96 to the inch), 0.5 to 8. At first what the environment variable OSTREL_SCALE
 /// says, else 1; a display sets what its server says unless that variable is there. Any thread.
 [[nodiscard]] OSTREL_PLATFORM_API double GetScale() noexcept;
+/// Changes the scale, brought into that range; 0 and less change nothing. Any thread.
 OSTREL_PLATFORM_API void SetScale(double scale) noexcept;
 /// True when OSTREL_SCALE chose the scale, so that a display must leave it.
 [[nodiscard]] OSTREL_PLATFORM_API bool IsScaleFixed() noexcept;
@@ -145,24 +158,27 @@ OSTREL_PLATFORM_API void SetScreenSize(CSize size) noexcept;
 /// How a part of a control is touched at the moment.
 enum class PartState
 {
-    Normal,
-    Hot,
-    Pressed,
-    Disabled
+    Normal,  ///< not at all
+    Hot,     ///< the pointer is over it
+    Pressed, ///< it is held down
+    Disabled ///< it cannot be used
 };
 
+/// Where an arrow points.
 enum class ArrowDirection
 {
-    Up,
-    Down,
-    Left,
-    Right
+    Up,   ///< up
+    Down, ///< down
+    Left, ///< left
+    Right ///< right
 };
 
-/// Parts of scroll bars. Each fills its whole rectangle.
+///@{
+/// A part of a scroll bar. It fills its whole rectangle.
 OSTREL_PLATFORM_API void DrawScrollTrack(CDC& dc, CRect const& rect, PartState state);
 OSTREL_PLATFORM_API void DrawScrollThumb(CDC& dc, CRect const& rect, bool vertical, PartState state);
 OSTREL_PLATFORM_API void DrawScrollButton(CDC& dc, CRect const& rect, ArrowDirection direction, PartState state);
+///@}
 /// The corner between two scroll bars.
 OSTREL_PLATFORM_API void DrawScrollCorner(CDC& dc, CRect const& rect);
 
@@ -170,14 +186,18 @@ OSTREL_PLATFORM_API void DrawScrollCorner(CDC& dc, CRect const& rect);
 OSTREL_PLATFORM_API void DrawArrow(CDC& dc, CRect const& rect, ArrowDirection direction, COLORREF color);
 /// The body of a push button without its caption.
 OSTREL_PLATFORM_API void DrawPushButton(CDC& dc, CRect const& rect, PartState state, bool isDefault);
+///@{
 /// A check box or radio button in the middle of the rectangle.
 OSTREL_PLATFORM_API void DrawCheckBox(CDC& dc, CRect const& rect, PartState state, bool checked, bool mixed);
 OSTREL_PLATFORM_API void DrawRadioButton(CDC& dc, CRect const& rect, PartState state, bool checked);
+///@}
 /// The frame of an edit field or list; `focused` shows that it has the keyboard.
 OSTREL_PLATFORM_API void DrawFieldFrame(CDC& dc, CRect const& rect, bool focused);
 
+///@{
 /// What CDC::DrawEdge and CDC::DrawFrameControl do.
 OSTREL_PLATFORM_API bool DrawSystemEdge(CDC& dc, CRect& rect, UINT edge, UINT flags);
 OSTREL_PLATFORM_API bool DrawSystemControl(CDC& dc, CRect const& rect, UINT type, UINT state);
+///@}
 
 } // namespace Ostrel::Platform

@@ -1,9 +1,11 @@
-// A top-level window for programs: a title, a client child that fills it, an object that deletes itself with its
-// window.
+/// @file
+/// A top-level window for programs: a title, a client child that fills it, an object that deletes itself with its
+/// window.
 #pragma once
 
 #include <ostrel/platform/window/Wnd.h>
 
+/// A program's window on the screen, with the frame that the window manager gives it.
 class OSTREL_PLATFORM_API CFrameWnd : public CWnd
 {
     DECLARE_DYNCREATE(CFrameWnd)
@@ -26,6 +28,7 @@ public:
     /// Posts WM_QUIT when this window dies.
     void SetQuitOnDestroy(bool quit) noexcept { m_quitOnDestroy = quit; }
 
+    /// Gives the client child the size of the client area.
     virtual void RecalcLayout();
 
     /// Shows a frame that is a member or on the stack, runs the thread's loop until the window is closed, and returns
@@ -33,7 +36,9 @@ public:
     int RunAsMainWindow();
 
 protected:
+    /// Every message of the window.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    /// Deletes the object unless SetAutoDelete said otherwise.
     void PostNcDestroy() override;
 
 private:

@@ -1,9 +1,10 @@
-// Taking messages from the calling thread's queue, and the loops made of it. Every thread has one queue, made when it
-// first needs it.
-//
-// Order of service: messages sent by other threads, posted messages, WM_QUIT, input, timers that are due, painting.
-// Under a flood of posted messages input, timers and painting get their turn after at most 16 ms of it, by the process
-// clock.
+/// @file
+/// Taking messages from the calling thread's queue, and the loops made of it. Every thread has one queue, made when it
+/// first needs it.
+///
+/// Order of service: messages sent by other threads, posted messages, WM_QUIT, input, timers that are due, painting.
+/// Under a flood of posted messages input, timers and painting get their turn after at most 16 ms of it, by the process
+/// clock.
 #pragma once
 
 #include <functional>

@@ -1,18 +1,21 @@
-// The messages that windows get, the codes inside them and the structures that they point to. Numbers below WM_USER are
-// the platform's, from WM_USER to 0x7FFF a window class's own, from WM_APP to 0xBFFF the program's, from 0xC000 to
-// 0xFFFF given by RegisterWindowMessage.
-//
-// Mouse messages carry client coordinates in LPARAM (CPoint(lParam)), WM_MOUSEWHEEL and the WM_NC messages screen
-// coordinates; WPARAM carries MK_* flags. Key messages carry a VK_* code in WPARAM and in LPARAM: bits 0-15 repeat
-// count, 16-23 scan code, 24 extended key, 29 Alt is down, 30 the key was down before, 31 the key goes up.
-// WM_CHAR carries ONE BYTE of UTF-8 in WPARAM: a character beyond ASCII arrives as two to four messages in a row, lead
-// byte first, with no other input between them.
+/// @file
+/// The messages that windows get, the codes inside them and the structures that they point to. Numbers below WM_USER
+/// are the platform's, from WM_USER to 0x7FFF a window class's own, from WM_APP to 0xBFFF the program's, from 0xC000 to
+/// 0xFFFF given by RegisterWindowMessage.
+///
+/// Mouse messages carry client coordinates in LPARAM (CPoint(lParam)), WM_MOUSEWHEEL and the WM_NC messages screen
+/// coordinates; WPARAM carries MK_* flags. Key messages carry a VK_* code in WPARAM and in LPARAM: bits 0-15 repeat
+/// count, 16-23 scan code, 24 extended key, 29 Alt is down, 30 the key was down before, 31 the key goes up.
+/// WM_CHAR carries ONE BYTE of UTF-8 in WPARAM: a character beyond ASCII arrives as two to four messages in a row, lead
+/// byte first, with no other input between them.
 #pragma once
 
 #include <ostrel/platform/base/Geometry.h>
 #include <ostrel/platform/base/Types.h>
 #include <ostrel/platform/window/VirtualKeys.h>
 
+///@{
+/// The number of a message. What it carries stands beside it where it carries anything.
 inline constexpr UINT WM_NULL = 0x0000;
 inline constexpr UINT WM_CREATE = 0x0001;  ///< LPARAM: CREATESTRUCT*; -1 refuses
 inline constexpr UINT WM_DESTROY = 0x0002; ///< children still live
@@ -118,8 +121,10 @@ inline constexpr UINT WM_UNDO = 0x0304;
 inline constexpr UINT WM_PRINTCLIENT = 0x0318; ///< WPARAM: CDC* to draw the client area on
 inline constexpr UINT WM_USER = 0x0400;
 inline constexpr UINT WM_APP = 0x8000;
+///@}
 
-// Flags of mouse messages.
+///@{
+/// A button or key that is down, in the WPARAM of mouse messages.
 inline constexpr UINT MK_LBUTTON = 0x0001;
 inline constexpr UINT MK_RBUTTON = 0x0002;
 inline constexpr UINT MK_SHIFT = 0x0004;
@@ -127,15 +132,18 @@ inline constexpr UINT MK_CONTROL = 0x0008;
 inline constexpr UINT MK_MBUTTON = 0x0010;
 inline constexpr UINT MK_XBUTTON1 = 0x0020;
 inline constexpr UINT MK_XBUTTON2 = 0x0040;
+///@}
 
-inline constexpr int WHEEL_DELTA = 120;
-inline constexpr UINT WHEEL_PAGESCROLL = 0xFFFFFFFF;
+inline constexpr int WHEEL_DELTA = 120;              ///< one notch of the wheel
+inline constexpr UINT WHEEL_PAGESCROLL = 0xFFFFFFFF; ///< instead of a number of lines: a page for each notch
+/// How far the wheel was turned: positive away from the user, or to the right.
 constexpr short GET_WHEEL_DELTA_WPARAM(WPARAM wParam) noexcept
 {
     return static_cast<short>(HIWORD(wParam));
 }
 
-// What WM_SIZE, WM_ACTIVATE, WM_MOUSEACTIVATE, WM_GETDLGCODE and WM_SYSCOMMAND say.
+///@{
+/// What WM_SIZE, WM_ACTIVATE, WM_MOUSEACTIVATE, WM_GETDLGCODE and WM_SYSCOMMAND say.
 inline constexpr WPARAM SIZE_RESTORED = 0;
 inline constexpr WPARAM SIZE_MINIMIZED = 1;
 inline constexpr WPARAM SIZE_MAXIMIZED = 2;
@@ -157,8 +165,10 @@ inline constexpr LRESULT DLGC_RADIOBUTTON = 0x0040;
 inline constexpr LRESULT DLGC_WANTCHARS = 0x0080;
 inline constexpr LRESULT DLGC_STATIC = 0x0100;
 inline constexpr LRESULT DLGC_BUTTON = 0x2000;
+///@}
 
-// Where in a window a point lies.
+///@{
+/// Where in a window a point lies: the result of WM_NCHITTEST.
 inline constexpr int HTERROR = -2;
 inline constexpr int HTTRANSPARENT = -1;
 inline constexpr int HTNOWHERE = 0;
@@ -168,8 +178,10 @@ inline constexpr int HTSIZE = 4;
 inline constexpr int HTHSCROLL = 6;
 inline constexpr int HTVSCROLL = 7;
 inline constexpr int HTBORDER = 18;
+///@}
 
-// What a scroll message asks for.
+///@{
+/// What WM_HSCROLL and WM_VSCROLL ask for.
 inline constexpr int SB_LINEUP = 0;
 inline constexpr int SB_LINELEFT = 0;
 inline constexpr int SB_LINEDOWN = 1;
@@ -185,8 +197,10 @@ inline constexpr int SB_LEFT = 6;
 inline constexpr int SB_BOTTOM = 7;
 inline constexpr int SB_RIGHT = 7;
 inline constexpr int SB_ENDSCROLL = 8;
+///@}
 
-// Codes of WM_NOTIFY that every control may send.
+///@{
+/// A code of WM_NOTIFY that every control may send.
 inline constexpr UINT NM_FIRST = 0U - 0U;
 inline constexpr UINT NM_OUTOFMEMORY = NM_FIRST - 1U;
 inline constexpr UINT NM_CLICK = NM_FIRST - 2U;
@@ -197,61 +211,65 @@ inline constexpr UINT NM_RDBLCLK = NM_FIRST - 6U;
 inline constexpr UINT NM_SETFOCUS = NM_FIRST - 7U;
 inline constexpr UINT NM_KILLFOCUS = NM_FIRST - 8U;
 inline constexpr UINT NM_HOVER = NM_FIRST - 13U;
+///@}
 
 /// A message on its way. time and pt are those of the input event for mouse and keyboard messages, those of the moment
 /// of retrieval for others.
 struct MSG
 {
-    HWND hwnd = nullptr; ///< null: for the thread
-    UINT message = WM_NULL;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-    DWORD time = 0;
-    POINT pt{0, 0}; ///< the pointer on the screen
+    HWND hwnd = nullptr;    ///< null: for the thread
+    UINT message = WM_NULL; ///< WM_*
+    WPARAM wParam = 0;      ///< what the message carries
+    LPARAM lParam = 0;      ///< what the message carries
+    DWORD time = 0;         ///< ticks of the process clock
+    POINT pt{0, 0};         ///< the pointer on the screen
 };
 
 /// The head of every structure that WM_NOTIFY carries.
 struct NMHDR
 {
-    HWND hwndFrom;
-    UINT_PTR idFrom;
-    UINT code;
+    HWND hwndFrom;   ///< the control
+    UINT_PTR idFrom; ///< its id
+    UINT code;       ///< what it tells
 };
 
 /// What a window is made of; WM_NCCREATE and WM_CREATE carry it, CWnd::PreCreateWindow may change it before.
 struct CREATESTRUCT
 {
-    void* lpCreateParams = nullptr;
-    HINSTANCE hInstance = nullptr;
-    UINT_PTR hMenu = 0; ///< a child's id
-    HWND hwndParent = nullptr;
-    int cy = 0;
-    int cx = 0;
-    int y = 0;
-    int x = 0;
-    DWORD style = 0;
-    LPCTSTR lpszName = nullptr;
-    LPCTSTR lpszClass = nullptr;
-    DWORD dwExStyle = 0;
+    void* lpCreateParams = nullptr; ///< from CreateWindowEx
+    HINSTANCE hInstance = nullptr;  ///< not used
+    UINT_PTR hMenu = 0;             ///< a child's id
+    HWND hwndParent = nullptr;      ///< the parent of a child, the owner of a top-level window
+    int cy = 0;                     ///< height
+    int cx = 0;                     ///< width
+    int y = 0;                      ///< top edge, in the parent's client area or on the screen
+    int x = 0;                      ///< left edge
+    DWORD style = 0;                ///< WS_*
+    LPCTSTR lpszName = nullptr;     ///< the window's text
+    LPCTSTR lpszClass = nullptr;    ///< the window class
+    DWORD dwExStyle = 0;            ///< WS_EX_*
 };
+/// A pointer to it.
 using LPCREATESTRUCT = CREATESTRUCT*;
 
+/// Where a window goes, in WM_WINDOWPOSCHANGING and WM_WINDOWPOSCHANGED.
 struct WINDOWPOS
 {
-    HWND hwnd;
-    HWND hwndInsertAfter;
-    int x;
-    int y;
-    int cx;
-    int cy;
-    UINT flags; ///< SWP_*
+    HWND hwnd;            ///< the window
+    HWND hwndInsertAfter; ///< the one directly above it, or HWND_*
+    int x;                ///< left edge
+    int y;                ///< top edge
+    int cx;               ///< width
+    int cy;               ///< height
+    UINT flags;           ///< SWP_*
 };
 
+/// The sizes that a top-level window may have, in WM_GETMINMAXINFO.
 struct MINMAXINFO
 {
-    POINT ptReserved;
-    POINT ptMaxSize;
-    POINT ptMaxPosition;
-    POINT ptMinTrackSize;
-    POINT ptMaxTrackSize;
+    POINT ptReserved;     ///< not used
+    POINT ptMaxSize;      ///< the size when maximized
+    POINT ptMaxPosition;  ///< the place when maximized
+    POINT ptMinTrackSize; ///< the least size
+    POINT ptMaxTrackSize; ///< the greatest size
 };

@@ -1,6 +1,8 @@
-// The codes of keys as messages carry them. Letters and digits have their upper-case ASCII code.
+/// @file
+/// The codes of keys as messages carry them. Letters and digits have their upper-case ASCII code.
 #pragma once
 
+/// Keys by their codes; the name tells the key.
 enum VirtualKey : unsigned
 {
     VK_LBUTTON = 0x01,

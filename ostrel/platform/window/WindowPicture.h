@@ -1,4 +1,5 @@
-// A picture of a window, from the pixels that it drew itself.
+/// @file
+/// A picture of a window, from the pixels that it drew itself.
 #pragma once
 
 #include <string>

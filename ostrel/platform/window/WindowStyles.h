@@ -1,9 +1,11 @@
-// Styles, flags and codes of the functions that make, place and show windows.
+/// @file
+/// Styles, flags and codes of the functions that make, place and show windows.
 #pragma once
 
 #include <ostrel/platform/base/Types.h>
 
-// Window styles.
+///@{
+/// A style of a window.
 inline constexpr DWORD WS_OVERLAPPED = 0x00000000;
 inline constexpr DWORD WS_POPUP = 0x80000000;
 inline constexpr DWORD WS_CHILD = 0x40000000;
@@ -29,7 +31,10 @@ inline constexpr DWORD WS_OVERLAPPEDWINDOW =
     WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
 inline constexpr DWORD WS_POPUPWINDOW = WS_POPUP | WS_BORDER | WS_SYSMENU;
 inline constexpr DWORD WS_CHILDWINDOW = WS_CHILD;
+///@}
 
+///@{
+/// An extended style of a window.
 inline constexpr DWORD WS_EX_DLGMODALFRAME = 0x00000001;
 inline constexpr DWORD WS_EX_NOPARENTNOTIFY = 0x00000004;
 inline constexpr DWORD WS_EX_TOPMOST = 0x00000008;
@@ -39,18 +44,23 @@ inline constexpr DWORD WS_EX_WINDOWEDGE = 0x00000100;
 inline constexpr DWORD WS_EX_CLIENTEDGE = 0x00000200; ///< a child: two pixels of edge
 inline constexpr DWORD WS_EX_CONTROLPARENT = 0x00010000;
 inline constexpr DWORD WS_EX_NOACTIVATE = 0x08000000;
+///@}
 
-// Class styles.
+///@{
+/// A style of a window class.
 inline constexpr UINT CS_VREDRAW = 0x0001; ///< a change of height repaints everything
 inline constexpr UINT CS_HREDRAW = 0x0002;
 inline constexpr UINT CS_DBLCLKS = 0x0008; ///< the class wants double clicks
 inline constexpr UINT CS_OWNDC = 0x0020;
 inline constexpr UINT CS_SAVEBITS = 0x0800;
 inline constexpr UINT CS_DROPSHADOW = 0x00020000;
+///@}
 
+/// As the place of a top-level window: let the window manager choose.
 inline constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000U);
 
-// ShowWindow.
+///@{
+/// What ShowWindow does.
 inline constexpr int SW_HIDE = 0;
 inline constexpr int SW_SHOWNORMAL = 1;
 inline constexpr int SW_SHOWMINIMIZED = 2;
@@ -63,8 +73,10 @@ inline constexpr int SW_SHOWMINNOACTIVE = 7;
 inline constexpr int SW_SHOWNA = 8;
 inline constexpr int SW_RESTORE = 9;
 inline constexpr int SW_SHOWDEFAULT = 10;
+///@}
 
-// SetWindowPos.
+///@{
+/// What SetWindowPos leaves alone or does besides, and places in the order of windows.
 inline constexpr UINT SWP_NOSIZE = 0x0001;
 inline constexpr UINT SWP_NOMOVE = 0x0002;
 inline constexpr UINT SWP_NOZORDER = 0x0004;
@@ -79,8 +91,10 @@ inline HWND const HWND_TOP = nullptr;
 inline HWND const HWND_BOTTOM = reinterpret_cast<HWND>(static_cast<LONG_PTR>(1));
 inline HWND const HWND_TOPMOST = reinterpret_cast<HWND>(static_cast<LONG_PTR>(-1));
 inline HWND const HWND_NOTOPMOST = reinterpret_cast<HWND>(static_cast<LONG_PTR>(-2));
+///@}
 
-// GetWindowLongPtr and GetWindow.
+///@{
+/// What GetWindowLongPtr reads, or where GetWindow goes.
 inline constexpr int GWL_WNDPROC = -4;
 inline constexpr int GWL_ID = -12;
 inline constexpr int GWL_STYLE = -16;
@@ -96,8 +110,10 @@ inline constexpr UINT GW_HWNDNEXT = 2; ///< the one below
 inline constexpr UINT GW_HWNDPREV = 3;
 inline constexpr UINT GW_OWNER = 4;
 inline constexpr UINT GW_CHILD = 5; ///< the topmost child
+///@}
 
-// RedrawWindow.
+///@{
+/// What RedrawWindow does.
 inline constexpr UINT RDW_INVALIDATE = 0x0001;
 inline constexpr UINT RDW_ERASE = 0x0004;
 inline constexpr UINT RDW_VALIDATE = 0x0008;
@@ -107,19 +123,25 @@ inline constexpr UINT RDW_ALLCHILDREN = 0x0080;
 inline constexpr UINT RDW_UPDATENOW = 0x0100;
 inline constexpr UINT RDW_ERASENOW = 0x0200;
 inline constexpr UINT RDW_FRAME = 0x0400;
+///@}
 
-// ScrollWindowEx.
+///@{
+/// What ScrollWindowEx does besides.
 inline constexpr UINT SW_SCROLLCHILDREN = 0x0001;
 inline constexpr UINT SW_INVALIDATE = 0x0002;
 inline constexpr UINT SW_ERASE = 0x0004;
+///@}
 
-// ChildWindowFromPoint.
+///@{
+/// The children that ChildWindowFromPoint leaves out.
 inline constexpr UINT CWP_ALL = 0x0000;
 inline constexpr UINT CWP_SKIPINVISIBLE = 0x0001;
 inline constexpr UINT CWP_SKIPDISABLED = 0x0002;
 inline constexpr UINT CWP_SKIPTRANSPARENT = 0x0004;
+///@}
 
-// Scroll bars.
+///@{
+/// Which scroll bar, which part of SCROLLINFO, and which arrows.
 inline constexpr int SB_HORZ = 0;
 inline constexpr int SB_VERT = 1;
 inline constexpr int SB_CTL = 2;
@@ -132,14 +154,19 @@ inline constexpr UINT SIF_TRACKPOS = 0x0010;
 inline constexpr UINT SIF_ALL = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS;
 inline constexpr UINT ESB_ENABLE_BOTH = 0;
 inline constexpr UINT ESB_DISABLE_BOTH = 3;
+///@}
 
-// TrackMouseEvent.
+///@{
+/// What TrackMouseEvent asks for.
 inline constexpr DWORD TME_HOVER = 0x00000001;
 inline constexpr DWORD TME_LEAVE = 0x00000002;
 inline constexpr DWORD TME_QUERY = 0x40000000;
 inline constexpr DWORD TME_CANCEL = 0x80000000;
 inline constexpr DWORD HOVER_DEFAULT = 0xFFFFFFFF;
+///@}
 
-// PeekMessage.
+///@{
+/// Whether PeekMessage takes the message.
 inline constexpr UINT PM_NOREMOVE = 0x0000;
 inline constexpr UINT PM_REMOVE = 0x0001;
+///@}

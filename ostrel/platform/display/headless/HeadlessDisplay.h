@@ -1,15 +1,16 @@
-// A complete display without a screen: windows are surfaces in memory with a place and an order, the pointer and the
-// keyboard are moved by calls, and what a window presented can be read. Events that the calls cause go through the same
-// queue as those of a real server: nothing is handled before the thread's loop turns.
-//
-//     HeadlessDisplay& display = HeadlessDisplay::OfThread();
-//     display.MovePointer({120, 45});
-//     display.Press(MouseButton::Left);
-//     display.Release(MouseButton::Left);
-//     ProcessPending();
-//
-// Each thread has a display, and with it a screen, a pointer and a keyboard, of its own; the clipboard is shared by the
-// process. Time is the process clock.
+/// @file
+/// A complete display without a screen: windows are surfaces in memory with a place and an order, the pointer and the
+/// keyboard are moved by calls, and what a window presented can be read. Events that the calls cause go through the
+/// same queue as those of a real server: nothing is handled before the thread's loop turns.
+///
+///     HeadlessDisplay& display = HeadlessDisplay::OfThread();
+///     display.MovePointer({120, 45});
+///     display.Press(MouseButton::Left);
+///     display.Release(MouseButton::Left);
+///     ProcessPending();
+///
+/// Each thread has a display, and with it a screen, a pointer and a keyboard, of its own; the clipboard is shared by
+/// the process. Time is the process clock.
 #pragma once
 
 #include <deque>
@@ -28,6 +29,7 @@ class HeadlessDisplay;
 class OSTREL_PLATFORM_API HeadlessWindow final : public NativeWindow
 {
 public:
+    /// Made by the display.
     HeadlessWindow(HeadlessDisplay& display, NativeWindowOptions const& options);
     ~HeadlessWindow() override;
 
@@ -49,14 +51,19 @@ public:
     Surface& BackBuffer() override;
     void Present(std::span<CRect const> dirty) override;
 
+    /// Whether it is shown.
     [[nodiscard]] bool IsVisible() const noexcept { return m_isVisible; }
+    /// Its title.
     [[nodiscard]] std::string const& Title() const noexcept { return m_options.title; }
+    /// The pointer's look over it.
     [[nodiscard]] CursorShape Cursor() const noexcept { return m_cursor; }
+    /// What it was made with.
     [[nodiscard]] NativeWindowOptions const& Options() const noexcept { return m_options; }
     /// What was presented last: what a person would see.
     [[nodiscard]] Surface const& Pixels() const noexcept { return m_front; }
-    /// How often something was presented, and the pixels of it.
+    /// How often something was presented.
     [[nodiscard]] int PresentCount() const noexcept { return m_presentCount; }
+    /// How many pixels were presented in all.
     [[nodiscard]] std::int64_t PresentedPixels() const noexcept { return m_presentedPixels; }
 
 private:
@@ -72,9 +79,11 @@ private:
     std::int64_t m_presentedPixels = 0;
 };
 
+/// A display in memory.
 class OSTREL_PLATFORM_API HeadlessDisplay final : public Display
 {
 public:
+    /// With a screen of so many pixels.
     explicit HeadlessDisplay(CSize screen = {1920, 1080});
     ~HeadlessDisplay() override;
 
@@ -83,16 +92,22 @@ public:
     static HeadlessDisplay& OfThread();
 
     // ---- what a person does
-    /// Screen coordinates. Windows that the pointer leaves and enters are told.
+    /// Moves the pointer to a point of the screen. Windows that the pointer leaves and enters are told.
     void MovePointer(CPoint screenPoint);
+    ///@{
+    /// A button goes down, or up, where the pointer is.
     void Press(MouseButton button);
     void Release(MouseButton button);
-    /// 120 a notch, positive away from the user, or to the right.
+    ///@}
+    /// Turns the wheel: 120 a notch, positive away from the user, or to the right.
     void Wheel(int delta, bool horizontal = false);
-    /// VK_* codes. A press types the text that an American keyboard types with the modifiers that are down, Ctrl with a
-    /// letter its control character. Pressing a key that is down is a repeat.
+    ///@{
+    /// A key, VK_*, goes down or up. A press types the text that an American keyboard types with the modifiers that are
+    /// down, Ctrl with a letter its control character. Pressing a key that is down is a repeat.
     void KeyDown(UINT virtualKey);
     void KeyUp(UINT virtualKey);
+    ///@}
+    /// Both.
     void PressKey(UINT virtualKey)
     {
         KeyDown(virtualKey);
@@ -100,19 +115,24 @@ public:
     }
     /// Types whole UTF-8 characters, with Shift where an American keyboard needs it.
     void TypeText(std::string_view text);
+    /// As the user does with the close button.
     void RequestClose(NativeWindow& window);
-    /// As the user does with the frame of the window.
+    /// As the user does with the border of the frame.
     void ResizeByUser(NativeWindow& window, CRect const& screenBounds);
+    ///@{
     /// Another program takes the keyboard, or gives it back to the window that had it.
     void LeaveProgram();
     void ReturnToProgram();
+    ///@}
     /// The server dies.
     void LoseServer(std::string reason);
 
     // ---- what a person sees
     /// From the lowest to the topmost, hidden ones too.
     [[nodiscard]] std::vector<HeadlessWindow*> const& Windows() const noexcept { return m_windows; }
+    /// The topmost shown window at a point; null without one.
     [[nodiscard]] HeadlessWindow* WindowAt(CPoint screenPoint) const noexcept;
+    /// Who has the keyboard; null for none.
     [[nodiscard]] HeadlessWindow* FocusedWindow() const noexcept { return m_focused; }
     /// The colour on the screen, the backdrop's where no window is.
     [[nodiscard]] COLORREF ColorAt(CPoint screenPoint) const noexcept;
@@ -121,7 +141,7 @@ public:
     /// All windows as they lie on the screen.
     [[nodiscard]] Surface Screenshot() const;
 
-    static constexpr COLORREF kBackdrop = RGB(0x3A, 0x6E, 0xA5);
+    static constexpr COLORREF kBackdrop = RGB(0x3A, 0x6E, 0xA5); ///< the screen where no window is
 
     // ---- Display
     std::string_view Name() const override { return "headless"; }
