@@ -63,69 +63,25 @@ CField::CField(std::type_identity<T>, long fid, char const* name, GetMethod<T> g
       m_setter(setter)
 {}
 
-CField::CField(long fid, char const* name, GetMethod<CString> getter, SetMethod<CString> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<CString>(), fid, name, getter, setter, format, getterName, setterName)
-{}
+#define OSTREL_TYPED_FIELD(T)                                                                                          \
+    CField::CField(long fid, char const* name, GetMethod<T> getter, SetMethod<T> setter, CFormat* format,              \
+                   char const* getterName, char const* setterName)                                                     \
+        : CField(std::type_identity<T>(), fid, name, getter, setter, format, getterName, setterName)                   \
+    {}
 
-CField::CField(long fid, char const* name, GetMethod<std::string> getter, SetMethod<std::string> setter,
-               CFormat* format, char const* getterName, char const* setterName)
-    : CField(std::type_identity<std::string>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<char> getter, SetMethod<char> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<char>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<unsigned char> getter, SetMethod<unsigned char> setter,
-               CFormat* format, char const* getterName, char const* setterName)
-    : CField(std::type_identity<unsigned char>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<short> getter, SetMethod<short> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<short>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<unsigned short> getter, SetMethod<unsigned short> setter,
-               CFormat* format, char const* getterName, char const* setterName)
-    : CField(std::type_identity<unsigned short>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<long> getter, SetMethod<long> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<long>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<unsigned long> getter, SetMethod<unsigned long> setter,
-               CFormat* format, char const* getterName, char const* setterName)
-    : CField(std::type_identity<unsigned long>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<__int64> getter, SetMethod<__int64> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<__int64>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<bool> getter, SetMethod<bool> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<bool>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<float> getter, SetMethod<float> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<float>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<double> getter, SetMethod<double> setter, CFormat* format,
-               char const* getterName, char const* setterName)
-    : CField(std::type_identity<double>(), fid, name, getter, setter, format, getterName, setterName)
-{}
-
-CField::CField(long fid, char const* name, GetMethod<CDataObject*> getter, SetMethod<CDataObject*> setter,
-               CFormat* format, char const* getterName, char const* setterName)
-    : CField(std::type_identity<CDataObject*>(), fid, name, getter, setter, format, getterName, setterName)
-{}
+OSTREL_TYPED_FIELD(CString)
+OSTREL_TYPED_FIELD(std::string)
+OSTREL_TYPED_FIELD(char)
+OSTREL_TYPED_FIELD(unsigned char)
+OSTREL_TYPED_FIELD(short)
+OSTREL_TYPED_FIELD(unsigned short)
+OSTREL_TYPED_FIELD(long)
+OSTREL_TYPED_FIELD(unsigned long)
+OSTREL_TYPED_FIELD(__int64)
+OSTREL_TYPED_FIELD(bool)
+OSTREL_TYPED_FIELD(float)
+OSTREL_TYPED_FIELD(double)
+OSTREL_TYPED_FIELD(CDataObject*)
+#undef OSTREL_TYPED_FIELD
 
 } // namespace Ostrel::Common

@@ -1,8 +1,5 @@
-#include <map>
-
 #include <ostrel/common/dataobject/TypeFactory.h>
-#include <ostrel/common/thread/Lock.h>
-#include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/common/thread/detail/CreatorRegistry.h>
 
 namespace Ostrel::Common
 {
@@ -10,16 +7,10 @@ namespace Ostrel::Common
 namespace
 {
 
-struct Registry
-{
-    CSyncObject lock;
-    std::map<std::string, CDataObject* (*)()> classes OSTREL_GUARDED_BY(lock);
-};
-
 /// Never destroyed, as static objects of applications may use it to the very end.
-Registry& TheRegistry()
+detail::CreatorRegistry<CDataObject>& TheRegistry()
 {
-    static Registry& registry = *new Registry;
+    static auto& registry = *new detail::CreatorRegistry<CDataObject>;
     return registry;
 }
 
@@ -32,17 +23,12 @@ bool CTypeFactory::RegisterClass(std::string const& name, CDataObject* (*create)
 
 bool CTypeFactory::InternalRegisterClass(std::string const& name, CDataObject* (*create)())
 {
-    Registry& registry = TheRegistry();
-    CLock const lock(registry.lock);
-    return registry.classes.emplace(name, create).second;
+    return TheRegistry().Add(name, create);
 }
 
 CDataObject* CTypeFactory::CreateObject(std::string const& name)
 {
-    Registry& registry = TheRegistry();
-    CLock const lock(registry.lock);
-    auto const found = registry.classes.find(name);
-    return found != registry.classes.end() && found->second != nullptr ? found->second() : nullptr;
+    return TheRegistry().Create(name);
 }
 
 } // namespace Ostrel::Common

@@ -171,213 +171,37 @@ void CFormat::Serialize(CSerializer& serializer)
 
 // The typed operations of a type that the format does not handle.
 
-CString CFormat::FormatMfc(CDataObject* /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(double /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(float /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(bool /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(__int64 /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(unsigned long /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(long /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(unsigned short /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(short /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(unsigned char /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(char /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(std::string const& /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-CString CFormat::FormatMfc(CString const& /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(CDataObject* /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(double /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(float /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(bool /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(__int64 /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(unsigned long /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(long /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(unsigned short /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(short /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(unsigned char /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(char /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(std::string const& /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-std::string CFormat::FormatStl(CString const& /*value*/, CDataObject const* /*object*/) const
-{
-    return {};
-}
-bool CFormat::ParseMfc(CString const& /*text*/, double& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, CDataObject*& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, float& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, bool& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, __int64& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, unsigned long& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, long& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, unsigned short& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, short& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, unsigned char& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, char& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, std::string& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseMfc(CString const& /*text*/, CString& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, double& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, CDataObject*& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, float& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, bool& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, __int64& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, unsigned long& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, long& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, unsigned short& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, short& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, unsigned char& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, char& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, std::string& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
-bool CFormat::ParseStl(std::string const& /*text*/, CString& /*value*/, CDataObject const* /*object*/) const
-{
-    return false;
-}
+#define OSTREL_UNHANDLED(T)                                                                                            \
+    CString CFormat::FormatMfc(detail::Argument<T> /*value*/, CDataObject const* /*object*/) const                     \
+    {                                                                                                                  \
+        return {};                                                                                                     \
+    }                                                                                                                  \
+    bool CFormat::ParseMfc(CString const& /*text*/, T& /*value*/, CDataObject const* /*object*/) const                 \
+    {                                                                                                                  \
+        return false;                                                                                                  \
+    }                                                                                                                  \
+    std::string CFormat::FormatStl(detail::Argument<T> /*value*/, CDataObject const* /*object*/) const                 \
+    {                                                                                                                  \
+        return {};                                                                                                     \
+    }                                                                                                                  \
+    bool CFormat::ParseStl(std::string const& /*text*/, T& /*value*/, CDataObject const* /*object*/) const             \
+    {                                                                                                                  \
+        return false;                                                                                                  \
+    }
+
+OSTREL_UNHANDLED(CString)
+OSTREL_UNHANDLED(std::string)
+OSTREL_UNHANDLED(char)
+OSTREL_UNHANDLED(unsigned char)
+OSTREL_UNHANDLED(short)
+OSTREL_UNHANDLED(unsigned short)
+OSTREL_UNHANDLED(long)
+OSTREL_UNHANDLED(unsigned long)
+OSTREL_UNHANDLED(__int64)
+OSTREL_UNHANDLED(bool)
+OSTREL_UNHANDLED(float)
+OSTREL_UNHANDLED(double)
+OSTREL_UNHANDLED(CDataObject*)
+#undef OSTREL_UNHANDLED
 
 } // namespace Ostrel::Common

@@ -1,5 +1,3 @@
-#include <map>
-
 #include <ostrel/common/format/BoolFormat.h>
 #include <ostrel/common/format/CharFormat.h>
 #include <ostrel/common/format/DefaultMfcStringFormat.h>
@@ -18,8 +16,7 @@
 #include <ostrel/common/format/UCharFormat.h>
 #include <ostrel/common/format/ULongFormat.h>
 #include <ostrel/common/format/UShortFormat.h>
-#include <ostrel/common/thread/Lock.h>
-#include <ostrel/common/thread/SyncObject.h>
+#include <ostrel/common/thread/detail/CreatorRegistry.h>
 
 namespace Ostrel::Common
 {
@@ -27,29 +24,23 @@ namespace Ostrel::Common
 namespace
 {
 
-using Creator = CFormat* (*)();
+using Registry = detail::CreatorRegistry<CFormat>;
 
 template <class... Formats>
-std::map<std::string, Creator> CreatorsOf()
+Registry::Creators CreatorsOf()
 {
     return {{Formats::GetFormatClassName(), &Formats::CreateFormat}...};
 }
 
 /// The registry knows the library's formats from its birth. Were each format to add itself from a static object of its
 /// own source file, a program linked with the static library would miss those whose files nothing else refers to.
-struct Registry
-{
-    CSyncObject lock;
-    std::map<std::string, Creator> creators OSTREL_GUARDED_BY(lock) =
-        CreatorsOf<CBoolFormat, CCharFormat, CUCharFormat, CShortFormat, CUShortFormat, CLongFormat, CULongFormat,
-                   CInt64Format, CFloatFormat, CDoubleFormat, CDefaultStlStringFormat, CDefaultMfcStringFormat,
-                   CEmptyFormat, CLongDateFormat, CInt64DateFormat, CLongMsecTimeFormat, CLongEnumFormat>();
-};
-
 /// Never destroyed, as static objects of applications may use it to the very end.
 Registry& TheRegistry()
 {
-    static Registry& registry = *new Registry;
+    static Registry& registry = *new Registry(
+        CreatorsOf<CBoolFormat, CCharFormat, CUCharFormat, CShortFormat, CUShortFormat, CLongFormat, CULongFormat,
+                   CInt64Format, CFloatFormat, CDoubleFormat, CDefaultStlStringFormat, CDefaultMfcStringFormat,
+                   CEmptyFormat, CLongDateFormat, CInt64DateFormat, CLongMsecTimeFormat, CLongEnumFormat>());
     return registry;
 }
 
@@ -62,17 +53,12 @@ bool CFormatFactory::RegisterFormat(std::string const& name, CFormat* (*creator)
 
 bool CFormatFactory::InternalRegisterFormat(std::string const& name, CFormat* (*creator)())
 {
-    Registry& registry = TheRegistry();
-    CLock const lock(registry.lock);
-    return registry.creators.emplace(name, creator).second;
+    return TheRegistry().Add(name, creator);
 }
 
 CFormat* CFormatFactory::Create(std::string const& name)
 {
-    Registry& registry = TheRegistry();
-    CLock const lock(registry.lock);
-    auto const found = registry.creators.find(name);
-    return found != registry.creators.end() && found->second != nullptr ? found->second() : nullptr;
+    return TheRegistry().Create(name);
 }
 
 } // namespace Ostrel::Common
