@@ -92,10 +92,10 @@ public:
     /// What of the vertical scroll bar is clicked.
     enum class ScrollBarPart
     {
-        LineUp,
-        LineDown,
-        PageUp,
-        PageDown
+        LineUp,   ///< the button at the top
+        LineDown, ///< the button at the bottom
+        PageUp,   ///< between that button and the thumb
+        PageDown  ///< between the thumb and that button
     };
     /// Clicks on a part of the vertical bar.
     void ClickScrollBar(ScrollBarPart part);
