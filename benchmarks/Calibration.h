@@ -5,11 +5,16 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <random>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#endif
 
 namespace Ostrel::Benchmarks
 {
@@ -42,11 +47,16 @@ inline double Median(std::vector<double> numbers)
     return *middle;
 }
 
-/// Seconds that std::sort of ten million random doubles takes: the median of three runs, measured on first use.
+/// Seconds that std::sort of ten million random doubles takes: the median of three runs, measured on first use. A tool
+/// that slows the program down sets it by the environment variable OSTREL_CALIBRATION_MS.
 inline double CalibrationSeconds()
 {
     static double const seconds = []
     {
+        if (char const* const given = std::getenv("OSTREL_CALIBRATION_MS")) // NOLINT(concurrency-mt-unsafe)
+        {
+            return std::atof(given) / 1e3;
+        }
         constexpr std::size_t kCount = 10'000'000;
         std::vector<double> times;
         for (int run = 0; run < 3; ++run)
@@ -87,6 +97,19 @@ inline void Report(benchmark::State& state, Work const& work, double secondsPerO
     state.counters["ratio"] = secondsPerOperation / CalibrationSeconds();
 }
 
+/// Lets an instruction counter (scripts/count-instructions) count what the function does, and nothing else.
+template <class Function>
+void Count(Function& function)
+{
+#ifdef CALLGRIND_TOGGLE_COLLECT
+    CALLGRIND_TOGGLE_COLLECT;
+    function();
+    CALLGRIND_TOGGLE_COLLECT;
+#else
+    function();
+#endif
+}
+
 /// Measures the function on fresh preparations and reports the median.
 template <class Prepare, class Function>
 void Measure(benchmark::State& state, Work const& work, Prepare prepare, Function function)
@@ -98,10 +121,11 @@ void Measure(benchmark::State& state, Work const& work, Prepare prepare, Functio
         {
             prepare();
             Stopwatch const watch(work.clock);
-            function();
+            Count(function);
             times.push_back(watch.Seconds() / static_cast<double>(work.operations));
         }
         Report(state, work, Median(times));
+        state.counters["measured"] = static_cast<double>(work.operations * work.repeats);
     }
 }
 

@@ -1,5 +1,7 @@
 // What the whole grid costs: a window of 1600 x 900 that shows quotes of twelve fields. Order and number of the rows
 // are checked at the end of every benchmark; one that ends with wrong rows reports no figure.
+#include "GridBench.h"
+
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -21,26 +23,6 @@ namespace
 
 using namespace GUI;
 using Platform::ProcessPending;
-
-constexpr std::int64_t kThousand = 1'000;
-constexpr std::int64_t kHundredThousand = 100'000;
-constexpr std::int64_t kMillion = 1'000'000;
-
-std::unique_ptr<QuoteRows> MakeRows(std::int64_t count)
-{
-    auto rows = std::make_unique<QuoteRows>(static_cast<std::size_t>(count));
-    rows->AddAll();
-    ProcessPending();
-    return rows;
-}
-
-void Check(benchmark::State& state, QuoteRows& rows)
-{
-    if (std::string const wrong = rows.WhatIsWrong(); !wrong.empty())
-    {
-        state.SkipWithError(wrong.c_str());
-    }
-}
 
 // --- Memory. First, while the process holds no freed memory that rows could take without growing it. ---
 
@@ -78,8 +60,20 @@ void BytesARow(benchmark::State& state)
         }
         ProcessPending();
         malloc_trim(0);
+        double const oneField = ResidentBytes();
+        for (std::size_t i = 0; i < rows.Count(); ++i)
+        {
+            for (long fid = CQuote::kSymbol; fid < CQuote::kSymbol + 8; ++fid) // kLast is the one from before
+            {
+                rows.Quote(i).NotifyUpdate(fid);
+            }
+            turns.AfterChange();
+        }
+        ProcessPending();
+        malloc_trim(0);
         state.counters["plain"] = (plain - before) / kMillion;
-        state.counters["one_updated_field"] = (ResidentBytes() - before) / kMillion;
+        state.counters["one_updated_field"] = (oneField - before) / kMillion;
+        state.counters["eight_updated_fields"] = (ResidentBytes() - before) / kMillion;
         state.SetIterationTime(0);
         Check(state, rows);
     }
@@ -194,6 +188,87 @@ void DeleteAll(benchmark::State& state)
 }
 OSTREL_BENCHMARK(DeleteAll)->Unit(benchmark::kMillisecond);
 
+/// Each row by itself, in the order in which they were added; the parent is told of each.
+void DeleteOneByOne(benchmark::State& state)
+{
+    QuoteRows rows(static_cast<std::size_t>(state.range(0)));
+    Measure(
+        state, {.things = state.range(0), .repeats = state.range(0) == kThousand ? 51 : 3},
+        [&]
+        {
+            rows.AddAll();
+            ProcessPending();
+        },
+        [&]
+        {
+            LoopTurns turns;
+            for (std::size_t i = 0; i < rows.Count(); ++i)
+            {
+                rows.Grid().Delete(rows.Grid().GetItem(&rows.Quote(i)));
+                turns.AfterChange();
+            }
+        });
+    if (rows.Grid().GetRowCount(ScrollableContext) != 0)
+    {
+        state.SkipWithError("rows are left");
+    }
+}
+OSTREL_BENCHMARK(DeleteOneByOne)->Apply(ForAllSizes)->Unit(benchmark::kMillisecond);
+
+/// A row with a hundred thousand children; the parent window is told of each that appears.
+void ExpandAndCollapse(benchmark::State& state)
+{
+    QuoteRows rows(kHundredThousand + 1);
+    CGrid& grid = rows.Grid();
+    CGridItem* const parent = grid.Add(&rows.Quote(0), ScrollableRoot, LastPosition);
+    for (std::size_t i = 1; i < rows.Count(); ++i)
+    {
+        grid.Add(&rows.Quote(i), parent, LastPosition);
+    }
+    Measure(state, {.things = kHundredThousand},
+            [&]
+            {
+                grid.Expand(parent, false);
+                ProcessPending();
+                if (grid.GetRowCount(ScrollableContext) != kHundredThousand + 1)
+                {
+                    state.SkipWithError("the children are not shown");
+                }
+                grid.Collapse(parent, false);
+                ProcessPending();
+            });
+}
+OSTREL_BENCHMARK(ExpandAndCollapse)->Unit(benchmark::kMillisecond);
+
+/// The number of a random row, and back from the number to the row.
+void RandomRowNumbers(benchmark::State& state)
+{
+    auto const rows = MakeRows(state.range(0));
+    rows->SortByLast();
+    std::vector<CGridItem*> items;
+    for (int row = 0; row < state.range(0); ++row)
+    {
+        items.push_back(rows->Grid().GetItem(row, ScrollableContext));
+    }
+    constexpr int kBatch = 200'000;
+    int wrong = 0;
+    Measure(state, {.operations = kBatch},
+            [&]
+            {
+                for (int i = 0; i < kBatch; ++i)
+                {
+                    CGridItem* const item = items[rows->Numbers().Below(items.size())];
+                    int const row = rows->Grid().GetRow(item);
+                    wrong += rows->Grid().GetItem(row, ScrollableContext) == item ? 0 : 1;
+                }
+            });
+    if (wrong != 0)
+    {
+        state.SkipWithError("a row has a wrong number");
+    }
+}
+OSTREL_BENCHMARK(RandomRowNumbers)->Apply(ForAllSizes);
+
 // --- Updates from the grid's own thread. ---
 
 using Change = void (CQuote::*)(Random& random);
@@ -250,12 +325,8 @@ void UpdateFiltered(benchmark::State& state)
     rows->SetFilter(nullptr);
 }
 
-void ForAllSizes(benchmark::internal::Benchmark* benchmark)
-{
-    benchmark->ArgName("rows")->Arg(kThousand)->Arg(kHundredThousand)->Arg(kMillion);
-}
 OSTREL_BENCHMARK(UpdateUnsorted)->Apply(ForAllSizes);
-OSTREL_BENCHMARK(UpdateSorted)->Apply(ForAllSizes);
+OSTREL_BENCHMARK(UpdateSorted)->Apply(ForAllSizes)->Arg(10 * kThousand);
 OSTREL_BENCHMARK(UpdateFiltered)->Apply(ForAllSizes);
 
 /// A million rows sorted by the changing field and filtered by it, 1,000 updates a second in frames of 1/60 s: what the
@@ -351,89 +422,6 @@ void UpdateFromThreads(benchmark::State& state)
 OSTREL_BENCHMARK(UpdateFromThreads)
     ->ArgNames({"rows", "threads", "sorted"})
     ->ArgsProduct({{kThousand, kHundredThousand, kMillion}, {1, 4}, {0, 1}});
-
-// --- Painting. ---
-
-void Repaint(benchmark::State& state)
-{
-    auto const rows = MakeRows(kHundredThousand);
-    constexpr int kFrames = 20;
-    auto const repaint = [&]
-    {
-        for (int i = 0; i < kFrames; ++i)
-        {
-            rows->Grid().Invalidate();
-            ProcessPending();
-        }
-    };
-    repaint(); // fonts and texts are known afterwards
-    Measure(state, {.operations = kFrames}, repaint);
-    state.counters["rows"] = rows->Grid().GetLastVisibleRow(ScrollableContext) + 1;
-}
-OSTREL_BENCHMARK(Repaint)->Unit(benchmark::kMillisecond);
-
-/// Every text is one that was not shown before.
-void RepaintNewPage(benchmark::State& state)
-{
-    auto const rows = MakeRows(kHundredThousand);
-    constexpr int kFrames = 20;
-    int row = 0;
-    Measure(state, {.operations = kFrames},
-            [&]
-            {
-                for (int i = 0; i < kFrames; ++i)
-                {
-                    row += rows->Grid().GetLinesPerPage(true);
-                    rows->Grid().SetFirstVisibleRow(row);
-                    ProcessPending();
-                }
-            });
-    if (rows->Grid().GetFirstVisibleRow() != row)
-    {
-        state.SkipWithError("the view is not where it was scrolled to");
-    }
-}
-OSTREL_BENCHMARK(RepaintNewPage)->Unit(benchmark::kMillisecond);
-
-void ScrollOneRow(benchmark::State& state)
-{
-    auto const rows = MakeRows(kHundredThousand);
-    constexpr int kSteps = 200;
-    int row = 0;
-    Measure(state, {.operations = kSteps},
-            [&]
-            {
-                for (int i = 0; i < kSteps; ++i)
-                {
-                    rows->Grid().SetFirstVisibleRow(++row);
-                    ProcessPending();
-                }
-            });
-    if (rows->Grid().GetFirstVisibleRow() != row)
-    {
-        state.SkipWithError("the view is not where it was scrolled to");
-    }
-}
-OSTREL_BENCHMARK(ScrollOneRow)->Unit(benchmark::kMillisecond);
-
-/// One cell on the screen changes and is painted.
-void UpdateOneCell(benchmark::State& state)
-{
-    auto const rows = MakeRows(kHundredThousand);
-    constexpr int kCells = 1000;
-    constexpr std::size_t kRowsOnScreen = 40;
-    Measure(state, {.operations = kCells},
-            [&]
-            {
-                for (int i = 0; i < kCells; ++i)
-                {
-                    rows->Quote(rows->Numbers().Below(kRowsOnScreen)).ChangeLast(rows->Numbers());
-                    ProcessPending();
-                }
-            });
-    Check(state, *rows);
-}
-OSTREL_BENCHMARK(UpdateOneCell)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace Ostrel::Benchmarks
