@@ -110,7 +110,7 @@ TEST_F(MessageOrderTest, InputTimersAndPaintGetTheirTurnUnderAFlood)
         return std::find_if(served.begin(), served.end(), [wanted](auto const& entry) { return entry.first == wanted; })
             ->second;
     };
-    EXPECT_LE(whenFirst(WM_MOUSEMOVE), 17);
+    EXPECT_LE(whenFirst(WM_MOUSEMOVE), 5);
     EXPECT_LE(whenFirst(WM_PAINT), 17);
     EXPECT_GE(last, 180) << "the timer must go on through the whole flood";
     EXPECT_EQ(left, 0);

@@ -80,11 +80,18 @@ private:
     bool NextOther(MSG& message, MessageFilter const& filter, bool take)
     {
         m_state.PumpDisplay();
-        if (m_state.input.Next(message, filter, take) || NextTimer(message, filter, take) || NextPaint(message, filter))
+        if (m_state.input.Next(message, filter, take) || NextTimer(message, filter, take))
         {
             return true;
         }
-        m_state.painter.PresentAll();
+        if (m_turn.MayPaint())
+        {
+            if (NextPaint(message, filter))
+            {
+                return true;
+            }
+            m_state.painter.PresentAll();
+        }
         return false;
     }
 
@@ -329,6 +336,16 @@ bool ProcessPending()
         }
     } while (!IsIdle(ThreadState::Get()));
     return true;
+}
+
+bool LookAtPosted(std::size_t distance, MSG& message)
+{
+    PostedMessage const* const posted = ThreadState::Get().posted.Ahead(distance);
+    if (posted != nullptr)
+    {
+        message = {posted->window, posted->message, posted->wParam, posted->lParam, 0, {}};
+    }
+    return posted != nullptr;
 }
 
 void TurnClock(int milliseconds)

@@ -3,10 +3,11 @@
 /// first needs it.
 ///
 /// Order of service: messages sent by other threads, posted messages, WM_QUIT, input, timers that are due, painting.
-/// Under a flood of posted messages input, timers and painting get their turn after at most 16 ms of it, by the process
-/// clock.
+/// Under a flood of posted messages input and timers get their turn after every 4 ms of it and painting after every
+/// 16 ms, by the process clock.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 
@@ -45,6 +46,9 @@ OSTREL_PLATFORM_API bool RunModalLoop(std::function<bool()> const& isDone);
 /// Handles what is there - sent, posted, input, due timers, paint - until nothing is, without waiting. False: WM_QUIT
 /// was among it (it stays).
 OSTREL_PLATFORM_API bool ProcessPending();
+/// The posted message that is so many places behind the next one; false if that many are not known yet. Nothing is
+/// taken. For whoever can fetch ahead what messages will need; the caller must not rely on seeing every message.
+OSTREL_PLATFORM_API bool LookAtPosted(std::size_t distance, MSG& message);
 /// Turns a clock that stands still by so many milliseconds, stopping at every timer of the calling thread on the way:
 /// timers fire in due order, and after each stop everything pending is handled.
 OSTREL_PLATFORM_API void TurnClock(int milliseconds);

@@ -32,6 +32,12 @@ public:
     /// The first message that the filter wants.
     bool Next(MessageQueue& queue, MessageFilter const& filter, bool take, PostedMessage& message);
 
+    /// The message so many places behind the next one, null when that many were not taken over yet.
+    [[nodiscard]] PostedMessage const* Ahead(std::size_t distance) const noexcept
+    {
+        return distance < m_batch.size() - m_next ? &m_batch[m_next + distance] : nullptr;
+    }
+
 private:
     std::vector<PostedMessage> m_batch;
     std::size_t m_next = 0;
