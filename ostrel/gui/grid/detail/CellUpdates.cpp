@@ -19,14 +19,21 @@ struct CellUpdates::Block
 
 namespace
 {
-std::uint32_t GrownCapacity(std::uint32_t capacity) noexcept
+constexpr std::uint32_t GrownCapacity(std::size_t capacity) noexcept
 {
-    return capacity == 0 ? 1 : capacity * 2 + 1;
+    return static_cast<std::uint32_t>(capacity * 2 + 1);
 }
 
+// Rows have few records: stepping through them beats halving.
 CellUpdate* LowerBound(std::span<CellUpdate> records, std::int32_t fieldId) noexcept
 {
-    return std::ranges::lower_bound(records, fieldId, {}, &CellUpdate::fieldId).base();
+    CellUpdate* place = records.data();
+    CellUpdate* const end = place + records.size();
+    while (place != end && place->fieldId < fieldId)
+    {
+        ++place;
+    }
+    return place;
 }
 } // namespace
 
@@ -37,12 +44,13 @@ CellUpdates::~CellUpdates()
 
 std::span<CellUpdate> CellUpdates::All() noexcept
 {
-    return m_block ? std::span(m_block->Records(), m_block->count) : std::span<CellUpdate>();
+    return m_block ? std::span(m_block->Records(), m_block->count)
+                   : std::span(&m_only, m_only.fieldId != kNone ? 1U : 0U);
 }
 
 std::span<CellUpdate const> CellUpdates::All() const noexcept
 {
-    return m_block ? std::span<CellUpdate const>(m_block->Records(), m_block->count) : std::span<CellUpdate const>();
+    return const_cast<CellUpdates*>(this)->All(); // which changes nothing
 }
 
 CellUpdate* CellUpdates::Find(long fieldId) noexcept
@@ -59,15 +67,23 @@ CellUpdate const* CellUpdates::Find(long fieldId) const noexcept
 
 CellUpdate& CellUpdates::FindOrAdd(long fieldId, std::int32_t nowMs)
 {
-    if (CellUpdate* const found = Find(fieldId))
-    {
-        return *found;
-    }
+    auto const id = static_cast<std::int32_t>(fieldId);
     std::span<CellUpdate> const records = All();
-    auto const place = LowerBound(records, static_cast<std::int32_t>(fieldId)) - records.data();
+    CellUpdate* const place = LowerBound(records, id);
+    if (place != records.data() + records.size() && place->fieldId == id)
+    {
+        return *place;
+    }
+    CellUpdate const added{.fieldId = id, .lastUpdateMs = nowMs};
+    return records.empty() ? m_only = added : InsertAt(static_cast<std::size_t>(place - records.data()), added);
+}
+
+CellUpdate& CellUpdates::InsertAt(std::size_t place, CellUpdate const& update)
+{
+    std::span<CellUpdate> const records = All();
     if (!m_block || m_block->count == m_block->capacity)
     {
-        std::uint32_t const capacity = GrownCapacity(m_block ? m_block->capacity : 0);
+        std::uint32_t const capacity = GrownCapacity(records.size());
         auto* const grown =
             new (::operator new(Block::BytesFor(capacity))) Block{static_cast<std::uint32_t>(records.size()), capacity};
         std::ranges::copy(records, grown->Records());
@@ -77,8 +93,7 @@ CellUpdate& CellUpdates::FindOrAdd(long fieldId, std::int32_t nowMs)
     CellUpdate* const begin = m_block->Records();
     std::copy_backward(begin + place, begin + m_block->count, begin + m_block->count + 1);
     ++m_block->count;
-    begin[place] = {.fieldId = static_cast<std::int32_t>(fieldId), .lastUpdateMs = nowMs};
-    return begin[place];
+    return begin[place] = update;
 }
 
 } // namespace Ostrel::GUI::Detail

@@ -1,5 +1,5 @@
-// When the cells of one row were last updated, and when they are to be repainted. Costs a pointer until the first
-// record.
+// When the cells of one row were last updated, and when they are to be repainted. The first record lies in the row
+// itself, where an update has to look anyway; more of them share one block of memory.
 #pragma once
 
 #include <cstdint>
@@ -29,13 +29,20 @@ public:
     /// Null when the field has no record.
     [[nodiscard]] CellUpdate* Find(long fieldId) noexcept;
     [[nodiscard]] CellUpdate const* Find(long fieldId) const noexcept;
-    /// The field's record; a new one gets the time as its last update.
+    /// The field's record; a new one gets the time as its last update. Not for kNoField.
     CellUpdate& FindOrAdd(long fieldId, std::int32_t nowMs);
+    /// Has the records brought into the cache.
+    void Fetch() const noexcept { __builtin_prefetch(m_block, 1); }
 
 private:
+    static constexpr std::int32_t kNone = -2; ///< means "no field" and so never has a record
+
     struct Block;
 
-    Block* m_block = nullptr;
+    CellUpdate& InsertAt(std::size_t place, CellUpdate const& update);
+
+    Block* m_block = nullptr;        ///< all records; null while there is at most one
+    CellUpdate m_only{kNone, 0, -1}; ///< while there is no block: the only record, or none
 };
 
 } // namespace Ostrel::GUI::Detail

@@ -120,6 +120,16 @@ unsigned SequenceNode::SlotOf(CGridItem const* item) noexcept
     return static_cast<unsigned>(std::find(items, items + m_count, item) - items);
 }
 
+SequencePlace ChildSequence::PlaceOf(CGridItem const& item) noexcept
+{
+    SequenceNode& leaf = *item.m_leaf;
+    if (item.m_slotHint >= leaf.m_count || leaf.ItemAt(item.m_slotHint) != &item)
+    {
+        item.m_slotHint = static_cast<std::uint8_t>(leaf.SlotOf(&item));
+    }
+    return {&leaf, item.m_slotHint};
+}
+
 CGridItem* ChildSequence::At(std::uint32_t position) const noexcept
 {
     SequencePlace place = PlaceAt(position);
@@ -207,11 +217,6 @@ void ChildSequence::Clear() noexcept
     SequenceEditor(m_root).FreeAll();
 }
 
-SequencePlace ChildSequence::PlaceOf(CGridItem const& item) noexcept
-{
-    return {item.m_leaf, item.m_leaf->SlotOf(&item)};
-}
-
 std::uint32_t ChildSequence::PositionOf(CGridItem const& item) noexcept
 {
     return PositionOf(PlaceOf(item));
@@ -291,6 +296,21 @@ CGridItem* ChildSequence::Previous(SequencePlace place) noexcept
     }
     SequenceNode* const leaf = PreviousLeaf(place.leaf);
     return leaf ? leaf->ItemAt(leaf->m_count - 1U) : nullptr;
+}
+
+void ChildSequence::Fetch(CGridItem const& item) noexcept
+{
+    // A leaf that is not full, which only a root is, is smaller; fetching what lies behind it does no harm.
+    constexpr std::size_t kRowsOffset = sizeof(SequenceNode) + kLeafCapacity * (sizeof(void*) + sizeof(std::uint64_t));
+    constexpr std::size_t kCacheLine = 64;
+    if (auto const* const leaf = reinterpret_cast<std::byte const*>(item.m_leaf))
+    {
+        __builtin_prefetch(leaf);
+        __builtin_prefetch(leaf + sizeof(SequenceNode) + item.m_slotHint * sizeof(void*));
+        __builtin_prefetch(leaf + sizeof(SequenceNode) + (kLeafCapacity + item.m_slotHint) * sizeof(std::uint64_t));
+        __builtin_prefetch(leaf + kRowsOffset);
+        __builtin_prefetch(leaf + kRowsOffset + kCacheLine);
+    }
 }
 
 std::int32_t ChildSequence::UpdateRows(CGridItem& item) noexcept

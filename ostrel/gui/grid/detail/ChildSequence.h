@@ -147,6 +147,9 @@ public:
     [[nodiscard]] static Ordering CompareWithNext(SequencePlace place, CGridItem const& item,
                                                   SortOrder const& order) noexcept;
 
+    /// Has what the questions above read brought into the cache. Any live item.
+    static void Fetch(CGridItem const& item) noexcept;
+
     /// Takes over the item's rows; returns by how much the sum changed.
     static std::int32_t UpdateRows(CGridItem& item) noexcept;
     static std::int32_t UpdateRows(SequencePlace place) noexcept;

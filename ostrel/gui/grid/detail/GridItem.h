@@ -38,7 +38,7 @@ struct SortValuesDeleter
 };
 } // namespace Detail
 
-class CGridItem
+class alignas(64) CGridItem
 {
 public:
     explicit CGridItem(Common::CDataObject* object) noexcept : m_object(object) {}
@@ -79,34 +79,37 @@ public:
     Detail::ItemExtras& NeedExtras();
     void DropExtras() noexcept { m_extras.reset(); }
 
-    // Links of the object registry: the rows of one object in the order of their registration. Guarded by its lock.
-    CGridItem* m_nextOfObject = nullptr;
-    CGridItem* m_previousOfObject = nullptr;
-
 private:
     friend class Detail::RowArea;
     friend class Detail::ChildSequence;
     friend class Detail::SequenceEditor;
     friend class Detail::SortOrder;
 
-    // What searches, walks and updates read comes first.
+    // What searches, walks and updates read comes first: one cache line.
     std::uint64_t m_sortPrefix = 0;
     Detail::SequenceNode* m_leaf = nullptr; ///< of the parent's children
     CGridItem* m_parent = nullptr;
     Detail::ChildSequence m_children;
     std::uint8_t m_sortTag = 0;
     std::uint8_t m_sortValueCount = 0;
+    /// Where in the leaf the item was last seen. Others may have moved it since.
+    mutable std::uint8_t m_slotHint = 0;
     bool m_isExpanded : 1 = false;
     bool m_isSelected : 1 = false;
     bool m_isHidden : 1 = false;
     bool m_isRoot : 1 = false;
     std::int32_t m_rowUpdateMs = -1;
+    Detail::CellUpdates m_updates;
     Common::CDataObject* m_object;
     Detail::RowArea* m_area = nullptr;
     std::unique_ptr<Common::CValue[], Detail::SortValuesDeleter> m_sortValues;
-    Detail::CellUpdates m_updates;
     std::unique_ptr<Detail::ItemExtras, Detail::ItemExtrasDeleter> m_extras;
     std::int32_t m_rowDeadlineMs = -1;
+
+public:
+    // Links of the object registry: the rows of one object in the order of their registration. Guarded by its lock.
+    CGridItem* m_nextOfObject = nullptr;
+    CGridItem* m_previousOfObject = nullptr;
 };
 
 } // namespace Ostrel::GUI

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/platform/base/LargePages.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
 
 namespace Ostrel::GUI::Detail
@@ -16,13 +17,14 @@ namespace Ostrel::GUI::Detail
 namespace
 {
 
-constexpr unsigned kSlabBits = 18;
-constexpr unsigned kTableBits = 15;
+constexpr unsigned kSlabBits = 21;
+constexpr unsigned kTableBits = 13;
 constexpr unsigned kAddressBits = kSlabBits + 2 * kTableBits;
 constexpr std::size_t kSlabSize = std::size_t{1} << kSlabBits;
 constexpr std::size_t kItemsPerSlab = kSlabSize / sizeof(CGridItem);
 constexpr std::size_t kWordsPerSlab = (kItemsPerSlab + 63) / 64;
-constexpr std::size_t kEmptySlabsKept = 8;
+static_assert(kSlabSize == Platform::kLargePageSize);
+constexpr std::size_t kEmptySlabsKept = 1;
 constexpr std::size_t kNotListed = ~std::size_t{0};
 
 struct Slab
@@ -125,6 +127,10 @@ Slab& Pool::NewSlabLocked()
     try
     {
         Slab& slab = RecordForLocked(AddressOf(memory));
+        if (m_slabs > 0) // the first one is for small grids, which pay for what they touch
+        {
+            Platform::WishForLargePages(memory, kSlabSize);
+        }
         slab.memory = memory;
         slab.cursor = 0;
         ListLocked(slab);

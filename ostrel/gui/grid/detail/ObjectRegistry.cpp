@@ -46,7 +46,7 @@ void ObjectRegistry::GrowLocked()
     {
         return;
     }
-    std::vector<Slot> old(m_slots.empty() ? kFirstSize : m_slots.size() * 2);
+    decltype(m_slots) old(m_slots.empty() ? kFirstSize : m_slots.size() * 2);
     old.swap(m_slots);
     for (Slot const& slot : old)
     {
@@ -192,6 +192,28 @@ ItemList ObjectRegistry::Items(Common::CDataObject const* object) const
         }
     }
     return items;
+}
+
+void ObjectRegistry::FetchSlots(std::span<Common::CDataObject const* const> objects) const
+{
+    Platform::MutexLock lock(m_lock);
+    for (Common::CDataObject const* const object : objects)
+    {
+        if (!m_slots.empty())
+        {
+            __builtin_prefetch(&m_slots[HomeOf(object)]);
+        }
+    }
+}
+
+void ObjectRegistry::FindFirstRows(std::span<Common::CDataObject const* const> objects,
+                                   std::span<CGridItem*> rows) const
+{
+    Platform::MutexLock lock(m_lock);
+    for (std::size_t i = 0; i < objects.size(); ++i)
+    {
+        rows[i] = m_slots.empty() ? nullptr : m_slots[FindLocked(objects[i])].first;
+    }
 }
 
 bool ObjectRegistry::Contains(Common::CDataObject const* object) const

@@ -9,9 +9,11 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include <ostrel/gui/grid/GridItem.h>
+#include <ostrel/platform/base/LargePages.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
 
 namespace Ostrel::Common
@@ -61,6 +63,10 @@ public:
     /// In the order of registration.
     [[nodiscard]] ItemList Items(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
     [[nodiscard]] bool Contains(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+    /// The first row of each object, null for none; and, before that, has what it reads brought into the cache.
+    void FindFirstRows(std::span<Common::CDataObject const* const> objects, std::span<CGridItem*> rows) const
+        OSTREL_EXCLUDES(m_lock);
+    void FetchSlots(std::span<Common::CDataObject const* const> objects) const OSTREL_EXCLUDES(m_lock);
     [[nodiscard]] bool Contains(Common::CDataObject const* object, CGridItem const* item) const OSTREL_EXCLUDES(m_lock);
     /// Grows with every row that is unregistered.
     [[nodiscard]] std::uint64_t Removals() const noexcept { return m_removals.load(std::memory_order_acquire); }
@@ -96,7 +102,7 @@ private:
 
     mutable Platform::Mutex m_lock;
     /// Open addressing with linear probing; the size is a power of two, at most three quarters are taken.
-    std::vector<Slot> m_slots OSTREL_GUARDED_BY(m_lock);
+    std::vector<Slot, Platform::LargePageAllocator<Slot>> m_slots OSTREL_GUARDED_BY(m_lock);
     std::size_t m_objects OSTREL_GUARDED_BY(m_lock) = 0;
     Common::CDataObject const* m_dying OSTREL_GUARDED_BY(m_lock) = nullptr;
     std::atomic<std::uint64_t> m_removals{0};

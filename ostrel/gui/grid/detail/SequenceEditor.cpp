@@ -112,6 +112,7 @@ void SequenceEditor::SetLeafSlot(SequenceNode& leaf, unsigned slot, CGridItem& i
     leaf.Rows()[slot] = item.Rows();
     leaf.m_selected = (leaf.m_selected & ~(std::uint64_t{1} << slot)) | (std::uint64_t{item.HasSelected()} << slot);
     item.m_leaf = &leaf;
+    item.m_slotHint = static_cast<std::uint8_t>(slot);
 }
 
 void SequenceEditor::SetInnerSlot(SequenceNode& inner, unsigned slot, SequenceNode& child) noexcept
@@ -151,6 +152,7 @@ void SequenceEditor::AdoptSlots(SequenceNode& node, unsigned from, unsigned to) 
         if (node.m_isLeaf)
         {
             node.ItemAt(slot)->m_leaf = &node;
+            node.ItemAt(slot)->m_slotHint = static_cast<std::uint8_t>(slot);
         }
         else
         {
