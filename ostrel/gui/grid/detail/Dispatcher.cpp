@@ -135,6 +135,7 @@ LRESULT Dispatcher::OnMessage(WPARAM code, LPARAM argument)
     if (code == ApplyUpdate)
     {
         RecordOwner const record(reinterpret_cast<UpdateRecord*>(argument));
+        m_lookAhead.Step(DispatcherMessage());
         Deliver(*record);
     }
     else if (code == RemoveObject)

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/grid/detail/UpdateLookAhead.h>
 #include <ostrel/platform/window/Wnd.h>
 
 namespace Ostrel::GUI::Detail
@@ -47,6 +48,7 @@ private:
     static void Deliver(UpdateRecord const& record);
     static void RemoveRows(Common::CDataObject const* object);
 
+    UpdateLookAhead m_lookAhead;
     std::atomic<HWND> m_window{nullptr};
     std::atomic<std::thread::id> m_thread{};
 };
