@@ -82,11 +82,13 @@ function(ostrel_test target)
   endif()
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST
     TEST_LIST ${target}_tests PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+  if(TARGET ostrel_sanitizer_options)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:ostrel_sanitizer_options>)
+  endif()
   # A list of labels does not survive as one of the PROPERTIES above.
-  ostrel_sanitizer_environment(environment)
   set(properties "${CMAKE_CURRENT_BINARY_DIR}/${target}_properties.cmake")
   file(CONFIGURE OUTPUT "${properties}" @ONLY CONTENT
-    "set_tests_properties(\${@target@_tests} PROPERTIES LABELS \"@ARG_LABELS@\" ENVIRONMENT \"@environment@\")\n")
+    "set_tests_properties(\${@target@_tests} PROPERTIES LABELS \"@ARG_LABELS@\")\n")
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${properties}")
 endfunction()
 
@@ -101,7 +103,7 @@ function(ostrel_command_test name)
   set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "${environment}")
 endfunction()
 
-# What the sanitizers are not to report: faults of libraries that are not ours.
+# What the sanitizers are not to report: faults of libraries that are not ours. For commands; test programs know it.
 function(ostrel_sanitizer_environment variable)
   set(folder "${PROJECT_SOURCE_DIR}/tests/sanitizers")
   set(${variable}
