@@ -4,8 +4,7 @@
 #include <ostrel/gui/paint/HeaderPaintInfo.h>
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/PaintContext.h>
-#include <ostrel/gui/paint/detail/PaintSnapshot.h>
-#include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/gui/paint/detail/ColumnWalk.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI
@@ -104,16 +103,9 @@ void CHeaderPaintFormat::DrawHeader(CHeaderPaintInfo& info, CPaintContext const&
                          customDraw != nullptr ? *customDraw : *CPreferences::GetDefaultCustomDraw());
     CRect const clip = info.GetClipRect() & context.GetClipRect();
     {
-        Detail::FixedColumnsGuard guard(context.GetDC(), clip, snapshot->fixedRight);
-        Detail::ForEachColumn(*snapshot, clip.left, clip.right,
-                              [&](Detail::PaintColumn const& column, int visibleLeft)
-                              {
-                                  if (!column.isFixed)
-                                  {
-                                      guard.Protect();
-                                  }
-                                  painter.PaintTitle(column.column, column.left, column.right, visibleLeft);
-                              });
+        Detail::ColumnWalk columns(context.GetDC(), *snapshot, clip);
+        columns.ForEach([&](Detail::PaintColumn const& column, int visibleLeft)
+                        { painter.PaintTitle(column.column, column.left, column.right, visibleLeft); });
         int const right = info.GetVirtualRect().right;
         if (snapshot->columnsRight < right)
         {

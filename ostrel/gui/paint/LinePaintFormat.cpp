@@ -5,8 +5,7 @@
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/LinePaintFormat.h>
 #include <ostrel/gui/paint/PaintContext.h>
-#include <ostrel/gui/paint/detail/PaintSnapshot.h>
-#include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/gui/paint/detail/ColumnWalk.h>
 
 namespace Ostrel::GUI
 {
@@ -101,16 +100,9 @@ void CLinePaintFormat::DrawLine(CGridLine& line, CPaintContext const& context, u
     LinePainter painter(line, shared, filter,
                         customDraw != nullptr ? *customDraw : *CPreferences::GetDefaultCustomDraw());
     CRect const clip = line.GetPaintInfo().GetClipRect() & context.GetClipRect();
-    Detail::FixedColumnsGuard guard(context.GetDC(), clip, snapshot->fixedRight);
-    Detail::ForEachColumn(*snapshot, clip.left, clip.right,
-                          [&](Detail::PaintColumn const& column, int visibleLeft)
-                          {
-                              if (!column.isFixed)
-                              {
-                                  guard.Protect();
-                              }
-                              painter.PaintColumn(column, visibleLeft);
-                          });
+    Detail::ColumnWalk columns(context.GetDC(), *snapshot, clip);
+    columns.ForEach([&](Detail::PaintColumn const& column, int visibleLeft)
+                    { painter.PaintColumn(column, visibleLeft); });
     painter.PaintFiller(snapshot->columnsRight);
 }
 
