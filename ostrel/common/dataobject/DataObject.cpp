@@ -330,50 +330,6 @@ std::string CDataObject::GetStlString(long fid)
 {
     return Get<std::string>(fid);
 }
-char CDataObject::GetChar(long fid) const
-{
-    return Get<char>(fid);
-}
-unsigned char CDataObject::GetUChar(long fid) const
-{
-    return Get<unsigned char>(fid);
-}
-short CDataObject::GetShort(long fid) const
-{
-    return Get<short>(fid);
-}
-unsigned short CDataObject::GetUShort(long fid) const
-{
-    return Get<unsigned short>(fid);
-}
-long CDataObject::GetLong(long fid) const
-{
-    return Get<long>(fid);
-}
-unsigned long CDataObject::GetULong(long fid) const
-{
-    return Get<unsigned long>(fid);
-}
-__int64 CDataObject::GetInt64(long fid) const
-{
-    return Get<__int64>(fid);
-}
-bool CDataObject::GetBool(long fid) const
-{
-    return Get<bool>(fid);
-}
-float CDataObject::GetFloat(long fid) const
-{
-    return Get<float>(fid);
-}
-double CDataObject::GetDouble(long fid) const
-{
-    return Get<double>(fid);
-}
-CDataObject* CDataObject::GetObjectPtr(long fid) const
-{
-    return Get<CDataObject*>(fid);
-}
 
 bool CDataObject::SetMfcString(long fid, CString const& value)
 {
@@ -383,50 +339,29 @@ bool CDataObject::SetStlString(long fid, std::string const& value)
 {
     return Set<std::string>(fid, value);
 }
-bool CDataObject::SetChar(long fid, char value)
-{
-    return Set<char>(fid, value);
-}
-bool CDataObject::SetUChar(long fid, unsigned char value)
-{
-    return Set<unsigned char>(fid, value);
-}
-bool CDataObject::SetShort(long fid, short value)
-{
-    return Set<short>(fid, value);
-}
-bool CDataObject::SetUShort(long fid, unsigned short value)
-{
-    return Set<unsigned short>(fid, value);
-}
-bool CDataObject::SetLong(long fid, long value)
-{
-    return Set<long>(fid, value);
-}
-bool CDataObject::SetULong(long fid, unsigned long value)
-{
-    return Set<unsigned long>(fid, value);
-}
-bool CDataObject::SetInt64(long fid, __int64 value)
-{
-    return Set<__int64>(fid, value);
-}
-bool CDataObject::SetBool(long fid, bool value)
-{
-    return Set<bool>(fid, value);
-}
-bool CDataObject::SetFloat(long fid, float value)
-{
-    return Set<float>(fid, value);
-}
-bool CDataObject::SetDouble(long fid, double value)
-{
-    return Set<double>(fid, value);
-}
-bool CDataObject::SetObjectPtr(long fid, CDataObject* value)
-{
-    return Set<CDataObject*>(fid, value);
-}
+
+#define OSTREL_TYPED_ACCESS(Name, T)                                                                                   \
+    T CDataObject::Get##Name(long fid) const                                                                           \
+    {                                                                                                                  \
+        return Get<T>(fid);                                                                                            \
+    }                                                                                                                  \
+    bool CDataObject::Set##Name(long fid, T value)                                                                     \
+    {                                                                                                                  \
+        return Set<T>(fid, value);                                                                                     \
+    }
+
+OSTREL_TYPED_ACCESS(Char, char)
+OSTREL_TYPED_ACCESS(UChar, unsigned char)
+OSTREL_TYPED_ACCESS(Short, short)
+OSTREL_TYPED_ACCESS(UShort, unsigned short)
+OSTREL_TYPED_ACCESS(Long, long)
+OSTREL_TYPED_ACCESS(ULong, unsigned long)
+OSTREL_TYPED_ACCESS(Int64, __int64)
+OSTREL_TYPED_ACCESS(Bool, bool)
+OSTREL_TYPED_ACCESS(Float, float)
+OSTREL_TYPED_ACCESS(Double, double)
+OSTREL_TYPED_ACCESS(ObjectPtr, CDataObject*)
+#undef OSTREL_TYPED_ACCESS
 
 CValue CDataObject::GetValue(long fid)
 {
