@@ -386,8 +386,10 @@ void UpdateFromThreads(benchmark::State& state)
         }
     };
     std::vector<double> stalls;
+    std::vector<double> processorSeconds; // of the grid's thread
     auto const run = [&]
     {
+        Stopwatch const processor;
         constexpr double kPatienceSeconds = 60;
         std::int64_t const goal = rows->Frame().UpdatesHeard() + total;
         Stopwatch const watch(CLOCK_MONOTONIC);
@@ -409,6 +411,7 @@ void UpdateFromThreads(benchmark::State& state)
                 });
             stalls.push_back(rows->Frame().StopHeartbeat());
         }
+        processorSeconds.push_back(processor.Seconds());
         if (rows->Frame().UpdatesHeard() != goal)
         {
             state.SkipWithError("updates were lost");
@@ -416,6 +419,7 @@ void UpdateFromThreads(benchmark::State& state)
     };
     Measure(state, {.operations = total, .repeats = 3, .clock = CLOCK_MONOTONIC}, run);
     state.counters["worst_stall_ms"] = Median(stalls);
+    state.counters["grid_thread_ns"] = Median(processorSeconds) * 1e9 / static_cast<double>(total);
     ProcessPending();
     Check(state, *rows);
 }
