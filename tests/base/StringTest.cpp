@@ -89,6 +89,12 @@ TEST(StringTest, FormatMayUseItsOwnText)
     EXPECT_TRUE(text.IsEmpty());
 }
 
+TEST(StringTest, ACharacterIsAppendedNotAddedToTheAddress)
+{
+    EXPECT_EQ(CString("ab") + 'c', CString("abc"));
+    EXPECT_EQ('a' + CString("bc"), CString("abc"));
+}
+
 TEST(StringTest, ComparesBytesUnsignedAndWhole)
 {
     CString const withZero(std::string("a\0b", 3));

@@ -276,6 +276,21 @@ TEST_F(SinkTest, ASinkMayNotifyAgain)
     EXPECT_EQ(TakeRecord(), "again:0 again:1 again:2 b:2 b:1 b:0");
 }
 
+TEST_F(SinkTest, ASinkMayDeleteANeighbourThatItWatchesToo)
+{
+    auto neighbour = std::make_unique<CQuote>();
+    CRecordingSink& deleting = NewSink("deleting", [&] { neighbour.reset(); });
+    for (CQuote* const quote : {&m_quote, neighbour.get()})
+    {
+        quote->AddSink(&deleting);
+        quote->AddSink(&m_b);
+    }
+    m_quote.NotifyUpdate(1);
+    EXPECT_EQ(TakeRecord(), "deleting:1 deleting:deleted b:deleted b:1");
+    m_quote.NotifyUpdate(2);
+    EXPECT_EQ(TakeRecord(), "deleting:2 b:2");
+}
+
 TEST_F(SinkTest, WhatASinkThrowsReachesTheNotifier)
 {
     CRecordingSink& thrower = NewSink("thrower", [] { throw CommonException("stop"); });

@@ -129,6 +129,40 @@ TEST_F(DelegateTest, ACircleEndsWhereItBegan)
     c.RemoveSink(&m_sinkC);
 }
 
+/// Deletes a delegate as soon as it hears anything.
+class CDeletingSink final : public CDataObject::ISink
+{
+public:
+    explicit CDeletingSink(std::unique_ptr<CDelegate>& victim) : m_victim(victim) {}
+    using ISink::OnUpdate;
+    void OnUpdate(long /*fid*/, CDataObject const* /*object*/) override { m_victim.reset(); }
+    void OnDelete(CDataObject const* /*object*/) override { m_victim.reset(); }
+
+private:
+    std::unique_ptr<CDelegate>& m_victim;
+};
+
+TEST_F(DelegateTest, ADelegateMayDieWhileItsAggregateNotifies)
+{
+    for (bool const byItsDeath : {false, true})
+    {
+        std::unique_ptr<CDelegate> delegate;
+        CDeletingSink deleting(delegate);
+        auto quote = std::make_unique<CQuote>();
+        quote->AddSink(&deleting);
+        delegate = std::make_unique<CSizeDelegate>(quote.get(), false); // is told after the sink that deletes it
+        quote->AddSink(&m_sinkB);
+        delegate->AddSink(&m_sinkA);
+        if (!byItsDeath)
+        {
+            quote->NotifyUpdate(1);
+            EXPECT_EQ(TakeRecord(), "a:deleted b:1");
+        }
+        quote.reset();
+        EXPECT_EQ(TakeRecord(), byItsDeath ? "a:deleted b:deleted" : "b:deleted");
+    }
+}
+
 /// Changes another field when it hears of the first.
 class CFollowingSink final : public CDataObject::ISink
 {

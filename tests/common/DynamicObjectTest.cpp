@@ -101,6 +101,26 @@ TEST_F(DynamicObjectTest, TextsAreReadAsDeclared)
     EXPECT_EQ(m_object.GetDouble(1), 2.5);
 }
 
+/// Doubles what is set and tells every value as one more.
+class CArithmeticObject final : public CDynamicObject
+{
+public:
+    using CDynamicObject::CDynamicObject;
+    bool SetValue(long fid, CValue const& value) override
+    {
+        return CDynamicObject::SetValue(fid, CValue(2 * static_cast<long>(value)));
+    }
+    [[nodiscard]] CValue GetValue(long fid) override { return {static_cast<long>(CDynamicObject::GetValue(fid)) + 1}; }
+};
+
+TEST_F(DynamicObjectTest, AllAccessGoesThroughTheTwoGenericOperations)
+{
+    CArithmeticObject object(true);
+    EXPECT_TRUE(object.SetLong(1, 5));
+    EXPECT_EQ(object.GetLong(1), 11);
+    EXPECT_EQ(object.GetFormattedStlString(1, nullptr), "11");
+}
+
 TEST_F(DynamicObjectTest, KeepsTheValuesOfAnUnknownClass)
 {
     CQuote quote;

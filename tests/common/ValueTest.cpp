@@ -151,6 +151,7 @@ TEST(ValueTest, ATypedReadOfAnotherTypeIsZero)
     EXPECT_EQ(&static_cast<CString const&>(text), &CValue::GetEmptyMfcString());
     std::string const copied = text;
     EXPECT_EQ(copied, "text");
+    EXPECT_EQ(CString(CValue(CString("text"))), CString("text"));
 }
 
 /// The outcome of all six operators, as letters.

@@ -8,6 +8,7 @@
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/common/dataobject/Field.h>
 #include <ostrel/common/dataobject/FieldMap.h>
+#include <ostrel/common/dataobject/detail/NotificationPass.h>
 #include <ostrel/common/dataobject/detail/TextAccess.h>
 #include <ostrel/common/format/Format.h>
 #include <ostrel/common/thread/Lock.h>
@@ -46,7 +47,7 @@ public:
             }
             m_count = sinks.size();
         }
-        [[nodiscard]] std::span<ISink* const> Sinks() const noexcept
+        [[nodiscard]] std::span<ISink*> Sinks() noexcept
         {
             return {m_many.empty() ? m_few.data() : m_many.data(), m_count};
         }
@@ -184,10 +185,7 @@ void CDataObject::ForEachSink(Call const& call) const
     {
         SinkList::Copy copy;
         list->CopyTo(copy);
-        for (ISink* const sink : copy.Sinks())
-        {
-            call(*sink);
-        }
+        detail::NotificationPass(copy.Sinks()).Run(call);
     }
 }
 
@@ -215,10 +213,8 @@ void CDataObject::NotifyDelete()
     }
     if (SinkList* const list = SinkList::In(word))
     {
-        for (ISink* const sink : list->TakeAll())
-        {
-            sink->OnDelete(this);
-        }
+        std::vector<ISink*> sinks = list->TakeAll();
+        detail::NotificationPass(sinks).Run([this](ISink& sink) { sink.OnDelete(this); });
     }
 }
 

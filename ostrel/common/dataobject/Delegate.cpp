@@ -1,6 +1,7 @@
 #include <ostrel/common/dataobject/Delegate.h>
 #include <ostrel/common/dataobject/Field.h>
 #include <ostrel/common/dataobject/detail/CallChain.h>
+#include <ostrel/common/dataobject/detail/NotificationPass.h>
 
 namespace Ostrel::Common
 {
@@ -49,6 +50,7 @@ CDelegate::~CDelegate()
 {
     NotifyDelete();
     CDataObject const* const aggregate = CDelegate::SetAggregate(nullptr);
+    detail::NotificationPass::Drop(&m_forwarder); // a sink of the aggregate may be what deletes this object
     if (m_ownsAggregate)
     {
         delete aggregate;

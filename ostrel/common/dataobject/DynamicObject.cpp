@@ -100,10 +100,11 @@ CFormat const* CDynamicObject::GetFormat(long fid) const
     return field != nullptr ? field->GetFormat() : nullptr;
 }
 
+/// Through GetValue, as the setters go through SetValue: a derived class that overrides the two has overridden all.
 template <class T>
 T CDynamicObject::Read(long fid) const
 {
-    return static_cast<detail::Argument<T>>(StoredValue(fid));
+    return static_cast<detail::Argument<T>>(const_cast<CDynamicObject*>(this)->GetValue(fid)); // reads only
 }
 
 CString CDynamicObject::GetMfcString(long fid)
@@ -166,55 +167,55 @@ CValue CDynamicObject::GetValue(long fid)
 
 bool CDynamicObject::SetMfcString(long fid, CString const& value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetStlString(long fid, std::string const& value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetChar(long fid, char value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetUChar(long fid, unsigned char value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetShort(long fid, short value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetUShort(long fid, unsigned short value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetLong(long fid, long value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetULong(long fid, unsigned long value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetInt64(long fid, __int64 value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetBool(long fid, bool value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetFloat(long fid, float value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetDouble(long fid, double value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 bool CDynamicObject::SetObjectPtr(long fid, CDataObject* value)
 {
-    return CDynamicObject::SetValue(fid, CValue(value));
+    return SetValue(fid, CValue(value));
 }
 
 bool CDynamicObject::SetValue(long fid, CValue const& value)
@@ -239,9 +240,9 @@ bool CDynamicObject::SetValue(long fid, CValue const& value)
 }
 
 template <class Text>
-Text CDynamicObject::GetFormatted(long fid, CFormat const* format) const
+Text CDynamicObject::GetFormatted(long fid, CFormat const* format)
 {
-    CValue const value = StoredValue(fid);
+    CValue const value = GetValue(fid);
     CFormat const* const declared = format != nullptr ? format : CDynamicObject::GetFormat(fid);
     CFormat const& chosen = declared != nullptr ? *declared : CFormat::GetDefaultFormat(value.GetType());
     return detail::FormatAs<Text>(chosen, value, this);

@@ -44,7 +44,7 @@ public:
     [[nodiscard]] CFormat const* GetFormat(long fid) const override;
 
     ///@{
-    /// The stored value if it has that type, else zero, false, null or an empty text.
+    /// What GetValue gives if it has that type, else zero, false, null or an empty text.
     [[nodiscard]] CString GetMfcString(long fid) override;
     [[nodiscard]] std::string GetStlString(long fid) override;
     [[nodiscard]] char GetChar(long fid) const override;
@@ -63,7 +63,8 @@ public:
     [[nodiscard]] CValue GetValue(long fid) override;
 
     ///@{
-    /// Store the value with its type, whatever was stored or declared. Return false for the numbers -1 and -2.
+    /// Store the value with its type, whatever was stored or declared. Return false for the numbers -1 and -2. All of
+    /// them go through SetValue.
     bool SetMfcString(long fid, CString const& value) override;
     bool SetStlString(long fid, std::string const& value) override;
     bool SetChar(long fid, char value) override;
@@ -80,7 +81,7 @@ public:
     bool SetValue(long fid, CValue const& value) override;
     ///@}
 
-    /// The stored value through the given format, or the declared one, or the default of the value's type.
+    /// What GetValue gives through the given format, or the declared one, or the default of the value's type.
     [[nodiscard]] CString GetFormattedMfcString(long fid, CFormat const* format) override;
     /// Reads the text as a declared field's format has it and stores the value. Where a text is stored or declared, the
     /// text is stored as it is. Returns false if the field is not declared or the text cannot be read.
@@ -100,7 +101,7 @@ private:
     [[nodiscard]] CValue StoredValue(long fid) const;
     [[nodiscard]] CField* DeclaredField(long fid) const;
     template <class Text>
-    [[nodiscard]] Text GetFormatted(long fid, CFormat const* format) const;
+    [[nodiscard]] Text GetFormatted(long fid, CFormat const* format);
     template <class Text>
     bool SetFormatted(long fid, Text const& text, CFormat const* format);
 

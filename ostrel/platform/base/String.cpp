@@ -44,8 +44,6 @@ CString::CString(char const* text, int length)
     }
 }
 
-CString::CString(char character, int repeat) : m_text(static_cast<std::size_t>(std::max(repeat, 0)), character) {}
-
 CString& CString::operator=(char const* text)
 {
     m_text = ViewOf(text);

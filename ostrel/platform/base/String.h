@@ -3,8 +3,10 @@
 #pragma once
 
 #include <compare>
+#include <concepts>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <ostrel/platform/base/Export.h>
 #include <ostrel/platform/base/Types.h>
@@ -21,9 +23,17 @@ public:
     /// string. A null pointer and a negative number give an empty text.
     CString(char const* text) : m_text(text != nullptr ? text : "") {}
     CString(char const* text, int length);
-    explicit CString(char character, int repeat = 1);
-    explicit CString(std::string text) noexcept : m_text(std::move(text)) {}
-    explicit CString(std::string_view text) : m_text(text) {}
+    // These take exactly what they name: what converts to several of them, as a CValue does, is copied as a CString.
+    template <std::same_as<char> Character>
+    explicit CString(Character character, int repeat = 1)
+        : m_text(static_cast<std::size_t>(repeat > 0 ? repeat : 0), character)
+    {}
+    template <std::same_as<std::string> Text>
+    explicit CString(Text text) noexcept : m_text(std::move(text))
+    {}
+    template <std::same_as<std::string_view> Text>
+    explicit CString(Text text) : m_text(text)
+    {}
     ///@}
 
     /// Becomes a copy of the characters up to the zero byte; empty for null.
@@ -109,7 +119,7 @@ public:
     void Format(char const* format, ...) __attribute__((format(printf, 2, 3)));
 
     ///@{
-    /// Both texts, one behind the other.
+    /// Both texts, one behind the other; a character counts as a text of one byte.
     friend CString operator+(CString left, CString const& right)
     {
         left += right;
@@ -119,6 +129,18 @@ public:
     {
         left += right;
         return left;
+    }
+    // Without the next two a character would be added to the address of the text.
+    friend CString operator+(CString left, char right)
+    {
+        left += right;
+        return left;
+    }
+    friend CString operator+(char left, CString const& right)
+    {
+        CString sum(left);
+        sum += right;
+        return sum;
     }
     friend CString operator+(char const* left, CString const& right)
     {
