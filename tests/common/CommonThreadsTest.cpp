@@ -167,6 +167,105 @@ TEST(CommonThreadsTest, DelegatesForwardAndLookUpOnAllThreads)
     outer.RemoveSink(&sink);
 }
 
+TEST(CommonThreadsTest, ACircleOfDelegatesEndsOnEveryThread)
+{
+    CCountingSink sinks[3];
+    CPlainDelegate a(nullptr, false);
+    CPlainDelegate b(&a, false);
+    CPlainDelegate c(&b, false);
+    a.SetAggregate(&c);
+    CPlainDelegate* const circle[] = {&a, &b, &c};
+    for (int i = 0; i < 3; ++i)
+    {
+        circle[i]->AddSink(&sinks[i]);
+    }
+    OnAllThreads(
+        [&](int number)
+        {
+            for (int i = 0; i < kRounds; ++i)
+            {
+                CPlainDelegate& delegate = *circle[(number + i) % 3];
+                EXPECT_EQ(delegate.GetField(1).first, nullptr);
+                delegate.NotifyUpdate(number);
+            }
+        });
+    for (int i = 0; i < 3; ++i)
+    {
+        EXPECT_EQ(sinks[i].m_count, kThreads * kRounds); // each sees each notification once
+        circle[i]->RemoveSink(&sinks[i]);
+    }
+    for (CPlainDelegate* const delegate : circle)
+    {
+        delegate->SetAggregate(nullptr);
+    }
+}
+
+/// On update 0 it leaves, lets another sink in for a while, notifies again and deletes an object beside the one
+/// watched.
+class CRestlessSink final : public CDataObject::ISink
+{
+public:
+    explicit CRestlessSink(CDataObject& object) : m_object(object) {}
+    using ISink::OnUpdate;
+    void OnUpdate(long fid, CDataObject const* /*object*/) override
+    {
+        ++m_count;
+        if (fid == 0)
+        {
+            m_object.RemoveSink(this);
+            m_object.AddSink(&m_other);
+            m_object.NotifyUpdate(1);
+            CQuote().AddSink(&m_other);
+            m_object.RemoveSink(&m_other);
+            m_object.AddSink(this);
+        }
+    }
+
+    std::atomic<int> m_count = 0;
+    CCountingSink m_other;
+
+private:
+    CDataObject& m_object;
+};
+
+TEST(CommonThreadsTest, SinksChangeTheListWhileAllThreadsNotify)
+{
+    CQuote quote;
+    CCountingSink steady;
+    CRestlessSink restless[kThreads]{CRestlessSink(quote), CRestlessSink(quote), CRestlessSink(quote),
+                                     CRestlessSink(quote)};
+    quote.AddSink(&steady);
+    for (CRestlessSink& sink : restless)
+    {
+        quote.AddSink(&sink);
+    }
+    OnAllThreads(
+        [&](int)
+        {
+            for (int i = 0; i < kRounds / 4; ++i)
+            {
+                quote.NotifyUpdate(0);
+            }
+        });
+    EXPECT_GE(steady.m_count, kThreads * (kRounds / 4));
+    steady.m_count = 0;
+    for (CRestlessSink& sink : restless)
+    {
+        EXPECT_GT(sink.m_count, 0);
+        sink.m_count = 0;
+        sink.m_other.m_count = 0;
+    }
+    quote.NotifyUpdate(2);
+    EXPECT_EQ(steady.m_count, 1);
+    for (CRestlessSink& sink : restless)
+    {
+        EXPECT_EQ(sink.m_count, 1); // all are back, once
+        EXPECT_EQ(sink.m_other.m_count, 0);
+        quote.RemoveSink(&sink);
+    }
+    quote.RemoveSink(&steady);
+}
+
 TEST(CommonThreadsTest, DefaultFormatsAndTheFactoryServeAllThreads)
 {
     std::atomic<int> same = 0;
