@@ -161,7 +161,7 @@ TEST_F(DateFormatTest, SecondsAreReadFromWhatTheStyleExpects)
           {8 + 16, DayMonthYear, "7 8", "07/01/2000 08:00:00"},
           {14, DayMonthYear, "abc", "01/01/2000 01:00:00"},
           {14, DayMonthYear, "", nullptr},
-          {14, DayMonthYear, " ", nullptr},
+          {14, DayMonthYear, " \t ", nullptr},
           {13, DayMonthYear, "1/99999999999/2008", nullptr}})
     {
         long value = 77;

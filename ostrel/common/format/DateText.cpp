@@ -128,14 +128,18 @@ struct DateWords
     std::string_view time;
 };
 
+/// From the first digit to the last; the whole text without a digit, but nothing of mere blanks.
+std::string_view WordOf(std::string_view text) noexcept
+{
+    return text.find_first_not_of(" \t") == std::string_view::npos ? std::string_view() : DigitSpan(text);
+}
+
 bool SplitWords(std::string_view text, unsigned long style, std::string_view dateCharacters,
                 std::string_view timeCharacters, DateWords& words)
 {
-    text = DigitSpan(text);
     std::size_t const blank = text.find_first_of(" \t");
     std::string_view const first = DigitSpan(text.substr(0, blank));
-    std::string_view const rest =
-        blank == std::string_view::npos ? std::string_view() : DigitSpan(text.substr(blank + 1));
+    std::string_view const rest = blank == std::string_view::npos ? std::string_view() : WordOf(text.substr(blank + 1));
     auto const pick = [&](std::string_view characters)
     {
         bool const inFirst = first.find_first_of(characters) != std::string_view::npos;

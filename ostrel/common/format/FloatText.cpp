@@ -131,6 +131,10 @@ namespace
 /// The number at the beginning of a text, 0 if there is none; always with '.', whatever the locale.
 double ReadNumber(std::string_view text)
 {
+    if (text.starts_with('+') && !text.starts_with("+-"))
+    {
+        text.remove_prefix(1);
+    }
     double value = 0;
     auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc::result_out_of_range)

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include <ostrel/common/format/LongDateFormat.h>
+#include <ostrel/common/format/detail/DigitText.h>
 
 namespace Ostrel::Common
 {
@@ -68,7 +69,7 @@ bool CLongDateFormat::ParseStl(std::string const& text, long& value, CDataObject
                                CPreferences::DateType dateType)
 {
     detail::DateFields fields;
-    return detail::ReadDate(text, style, dateType, fields) && ToSeconds(fields, value);
+    return detail::ReadDate(detail::DigitSpan(text), style, dateType, fields) && ToSeconds(fields, value);
 }
 
 long CLongDateFormat::Now()

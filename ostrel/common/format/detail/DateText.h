@@ -44,8 +44,8 @@ enum class DatePrecision
 void AppendDate(std::string& text, DateFields const& fields, unsigned long style, CPreferences::DateType dateType,
                 DatePrecision precision);
 
-/// Reads the parts of the style that a text holds. Years are as written. Returns false and changes nothing if the text
-/// has no word at all.
+/// Reads the parts of the style that a text, cut to its digits, holds. Years are as written. Returns false and changes
+/// nothing if the text has no word at all.
 bool ReadDate(std::string_view text, unsigned long style, CPreferences::DateType dateType, DateFields& fields);
 
 } // namespace Ostrel::Common::detail
