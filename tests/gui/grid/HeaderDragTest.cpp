@@ -1,4 +1,5 @@
 // Dragging a caption moves its column.
+#include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
@@ -104,6 +105,62 @@ TEST_F(HeaderDragTest, ThePermissionsOfTheHeaderHold)
     driver.Drag(grid.Grid(), At(140), At(265));
     EXPECT_EQ(Order(), "Name:100|Price:80,Quantity:60,Volume:50");
     EXPECT_EQ(grid.Grid().GetSortLevels(), 0) << "a drag is no click";
+}
+
+TEST_F(HeaderDragTest, AtTheEdgesOfTheWindowTheColumnsScroll)
+{
+    grid.Header().GetColumnByFid(TestObject::Quantity)->SetWidth(400); // Quantity 180-580, Volume 580-630
+    driver.Advance(20);
+    driver.Press(grid.Grid(), At(140));
+    driver.MovePointer(grid.Grid(), At(450)); // outside
+    driver.Advance(5000);
+    int const scrolled = grid.Grid().GetScrollPos(SB_HORZ);
+    EXPECT_EQ(grid.Header().GetVisibleRect(grid.Grid(), TestObject::Volume).right, 630 - scrolled);
+    EXPECT_GE(scrolled, 630 - 400) << "to the end";
+    driver.MovePointer(grid.Grid(), {450, 200});
+    driver.MovePointer(grid.Grid(), At(200));
+    driver.Advance(1000);
+    EXPECT_EQ(grid.Grid().GetScrollPos(SB_HORZ), scrolled) << "only at the edge";
+    driver.MovePointer(grid.Grid(), At(2));
+    driver.Advance(60);
+    EXPECT_LT(grid.Grid().GetScrollPos(SB_HORZ), scrolled);
+    driver.Advance(5000);
+    EXPECT_EQ(grid.Grid().GetScrollPos(SB_HORZ), 0);
+    driver.MovePointer(grid.Grid(), At(399));
+    driver.Advance(5000);
+    driver.Release();
+    EXPECT_EQ(Order(), "Name:100|Quantity:400,Volume:50,Price:80");
+    driver.Advance(1000);
+    EXPECT_EQ(grid.Grid().GetScrollPos(SB_HORZ), scrolled) << "not after the end";
+}
+
+TEST_F(HeaderDragTest, TheEdgeResizesAtOnceAndTakesItBack)
+{
+    driver.Press(grid.Grid(), At(179));
+    driver.MovePointer(grid.Grid(), At(199));
+    EXPECT_EQ(Order(), "Name:100|Price:100,Quantity:60,Volume:50");
+    driver.MovePointer(grid.Grid(), {20, 200});
+    EXPECT_EQ(Order(), "Name:100|Price:8,Quantity:60,Volume:50") << "never to nothing";
+    EXPECT_EQ(driver.Cursor(), CursorShape::SizeWE) << "until the release";
+    driver.PressKey(Key::Escape);
+    EXPECT_EQ(Order(), "Name:100|Price:80,Quantity:60,Volume:50");
+    driver.MovePointer(grid.Grid(), At(250));
+    driver.Release();
+    EXPECT_EQ(Order(), "Name:100|Price:80,Quantity:60,Volume:50");
+}
+
+TEST_F(HeaderDragTest, ADoubleClickOnTheEdgeFitsTheColumn)
+{
+    grid.AddRows({"a name that is much wider than the column of names"});
+    driver.RunUntilIdle();
+    driver.DoubleClick(grid.Grid(), At(101));
+    int const width = grid.Header().GetColumnByFid(TestObject::Name)->GetWidth();
+    EXPECT_GT(width, 150);
+    EXPECT_EQ(grid.Grid().GetSortLevels(), 0);
+    grid.Header().AllowColumnResize(false);
+    grid.Header().GetColumnByFid(TestObject::Name)->SetWidth(100);
+    driver.DoubleClick(grid.Grid(), At(101));
+    EXPECT_EQ(grid.Header().GetColumnByFid(TestObject::Name)->GetWidth(), 100);
 }
 
 TEST_F(HeaderDragTest, AColumnThatGoesMeanwhileIsNotMoved)

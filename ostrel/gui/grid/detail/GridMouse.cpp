@@ -321,6 +321,11 @@ void GridMouse::ExtendTo(Place place)
 
 void GridMouse::OnTimer()
 {
+    if (m_header.IsActive())
+    {
+        m_header.OnTimer();
+        return;
+    }
     CRect const band = m_core.View().Geometry().ScrollableRect();
     if (!m_isTracking || (m_pointer.y >= band.top && m_pointer.y < band.bottom))
     {

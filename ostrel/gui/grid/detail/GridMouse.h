@@ -21,7 +21,7 @@ public:
     void OnLeave() { m_header.ClearHot(); }
     /// The capture went elsewhere: whatever was going on ends.
     void OnCaptureLost();
-    /// Selecting with the pointer outside the rows.
+    /// Selecting with the pointer outside the rows, or dragging a column at the window's edge.
     void OnTimer();
     /// True when it has set the cursor.
     bool OnSetCursor();

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/HeaderMouse.h>
@@ -14,6 +15,8 @@ namespace
 {
 constexpr int kEdgeZone = 4; ///< design pixels on each side of a caption's right edge
 constexpr int kSmallestWidth = 8;
+constexpr int kScrollZone = 8; ///< design pixels inside each side of the window where a dragged column scrolls
+constexpr UINT kScrollStepMs = 50;
 
 bool IsPastDragThreshold(CPoint from, CPoint to)
 {
@@ -134,15 +137,22 @@ void HeaderMouse::BeginMove()
     if (header != nullptr && CanDragColumn(*header, m_gesture.fieldId))
     {
         m_gesture.kind = Gesture::Kind::Move;
+        m_core.Grid().SetTimer(MouseSelectionTimer, kScrollStepMs);
     }
 }
 
-// Far above or below the band there is no place, so that a drag can be taken back.
-void HeaderMouse::MoveTo(CPoint clientPoint)
+CRect HeaderMouse::DropZone() const
 {
-    CHeader const* const header = m_core.Columns().Header();
     CRect zone = m_core.View().Geometry().HeaderRect();
     zone.InflateRect(0, zone.Height());
+    return zone;
+}
+
+void HeaderMouse::MoveTo(CPoint clientPoint)
+{
+    m_gesture.pointer = clientPoint;
+    CHeader const* const header = m_core.Columns().Header();
+    CRect const zone = DropZone();
     ColumnDrop drop;
     if (header != nullptr && clientPoint.y >= zone.top && clientPoint.y < zone.bottom && zone.right > 0)
     {
@@ -153,6 +163,36 @@ void HeaderMouse::MoveTo(CPoint clientPoint)
     {
         m_core.View().InvalidateHeader();
     }
+}
+
+void HeaderMouse::OnTimer()
+{
+    CRect const zone = DropZone();
+    CPoint const pointer = m_gesture.pointer;
+    if (m_gesture.kind != Gesture::Kind::Move || pointer.y < zone.top || pointer.y >= zone.bottom)
+    {
+        return;
+    }
+    int const width = Platform::Scaled(kScrollZone);
+    if (pointer.x < zone.left + width)
+    {
+        m_core.Scroller().OnHorizontalScroll(SB_LINELEFT);
+    }
+    else if (pointer.x >= zone.right - width)
+    {
+        m_core.Scroller().OnHorizontalScroll(SB_LINERIGHT);
+    }
+    MoveTo(pointer);
+}
+
+HeaderMouse::Gesture HeaderMouse::EndGesture()
+{
+    if (m_gesture.kind == Gesture::Kind::Move)
+    {
+        m_core.Grid().KillTimer(MouseSelectionTimer);
+    }
+    m_core.View().InvalidateHeader();
+    return std::exchange(m_gesture, {});
 }
 
 void HeaderMouse::DropColumn(Gesture const& gesture) const
@@ -174,8 +214,7 @@ void HeaderMouse::DropColumn(Gesture const& gesture) const
 
 void HeaderMouse::Release(CPoint clientPoint, bool shift, bool ctrl)
 {
-    Gesture const gesture = std::exchange(m_gesture, {});
-    m_core.View().InvalidateHeader();
+    Gesture const gesture = EndGesture();
     if (gesture.kind == Gesture::Kind::Click && !gesture.hasMoved && FieldAt(clientPoint) == gesture.fieldId)
     {
         m_core.Sorting().SortByUser(gesture.fieldId, shift, ctrl);
@@ -188,13 +227,12 @@ void HeaderMouse::Release(CPoint clientPoint, bool shift, bool ctrl)
 
 void HeaderMouse::Cancel()
 {
-    Gesture const gesture = std::exchange(m_gesture, {});
+    Gesture const gesture = EndGesture();
     CColumn* const column = gesture.kind == Gesture::Kind::Resize ? ColumnOf(gesture.fieldId) : nullptr;
     if (column != nullptr && gesture.hasMoved)
     {
         column->SetWidth(gesture.widthBefore);
     }
-    m_core.View().InvalidateHeader();
 }
 
 void HeaderMouse::SetHot(CPoint clientPoint)

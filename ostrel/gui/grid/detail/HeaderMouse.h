@@ -29,6 +29,8 @@ public:
     void Move(CPoint clientPoint);
     void Release(CPoint clientPoint, bool shift, bool ctrl);
     void Cancel();
+    /// While a column is dragged: scrolls the columns if the pointer is at an edge of the window or beyond it.
+    void OnTimer();
     [[nodiscard]] bool IsActive() const noexcept { return m_gesture.kind != Gesture::Kind::None; }
     [[nodiscard]] bool IsResizing() const noexcept { return m_gesture.kind == Gesture::Kind::Resize; }
 
@@ -50,6 +52,7 @@ private:
         Kind kind = Kind::None;
         long fieldId = -2;
         CPoint from;
+        CPoint pointer; ///< of a moved column
         int widthBefore = 0;
         bool hasMoved = false;
         ColumnDrop drop{}; ///< where a moved column would go
@@ -58,6 +61,10 @@ private:
     void Resize(CPoint clientPoint);
     void BeginMove();
     void MoveTo(CPoint clientPoint);
+    /// Around the header: farther above or below there is no place, so that a drag can be taken back.
+    [[nodiscard]] CRect DropZone() const;
+    /// The gesture that was going on.
+    Gesture EndGesture();
     void DropColumn(Gesture const& gesture) const;
     [[nodiscard]] CColumn* ColumnWithEdgeAt(CPoint clientPoint) const;
     [[nodiscard]] CColumn* ColumnOf(long fieldId) const;
