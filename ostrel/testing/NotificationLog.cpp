@@ -33,6 +33,19 @@ constexpr CodeName kCodes[] = {
     {GUI::SortUpdated, "SortUpdated"},
 };
 
+/// A question mark in a grid that shows no column: this runs in a window procedure, which no exception may leave.
+std::string NameIn(GridDriver const& names, Common::CDataObject& object)
+{
+    try
+    {
+        return names.NameOf(object);
+    }
+    catch (DriverError const&)
+    {
+        return "?";
+    }
+}
+
 char const* NameOfCode(UINT code) noexcept
 {
     for (CodeName const& known : kCodes)
@@ -125,7 +138,7 @@ std::string NotificationLog::NameOf(GUI::NM_GRIDITEM const& notification)
     {
         LearnNamesBelow(*notification.grid, notification.item);
     }
-    return m_known[notification.object] = m_names->NameOf(*notification.object);
+    return m_known[notification.object] = NameIn(*m_names, *notification.object);
 }
 
 // Nothing else is told of the rows that come along below an attached one, and where their objects lie, others may have
@@ -135,7 +148,7 @@ void NotificationLog::LearnNamesBelow(GUI::CGrid& grid, GUI::CGridItem* item)
     for (GUI::CGridItem* const child : grid.GetChildren(item, false))
     {
         Common::CDataObject* const object = grid.GetDataObject(child);
-        m_known[object] = m_names->NameOf(*object);
+        m_known[object] = NameIn(*m_names, *object);
         LearnNamesBelow(grid, child);
     }
 }
