@@ -1,5 +1,5 @@
-// A format by its name, with settings and a text to parse: the first byte chooses the class, the second is the number
-// of bytes of settings, and the text is what follows.
+// A format by its name, with settings and a text to parse: the first byte chooses the class and, for the dates, the
+// preferences; the second is the number of bytes of settings, and the text is what follows.
 #include <memory>
 
 #include <ostrel/Common.h>
@@ -28,6 +28,16 @@ constexpr char const* kClasses[] = {"CBoolFormat",
                                     "CUCharFormat",
                                     "CULongFormat",
                                     "CUShortFormat"};
+
+/// Orders and separators of dates.
+void SetPreferences(unsigned choice)
+{
+    CPreferences::SetDateType(static_cast<CPreferences::DateType>(choice % 3));
+    bool const isUsual = choice / 3 % 2 == 0;
+    CPreferences::SetDateSeparator(isUsual ? "/" : "-");
+    CPreferences::SetTimeSeparator(isUsual ? ":" : " h");
+    CPreferences::SetMillisecondSeparator(isUsual ? "." : "");
+}
 
 void RestoreSettings(CFormat& format, std::span<std::uint8_t const> settings)
 {
@@ -67,6 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::string const name = std::string("Common::") + kClasses[data[0] % std::size(kClasses)];
     std::unique_ptr<CFormat> const format(CFormatFactory::Create(name));
     Fuzz::Require(format != nullptr, "the class is known");
+    SetPreferences(data[0] / static_cast<unsigned>(std::size(kClasses)));
     std::span<std::uint8_t const> const rest(data + 2, size - 2);
     std::size_t const settingsSize = std::min<std::size_t>(data[1], rest.size());
     RestoreSettings(*format, rest.first(settingsSize));
