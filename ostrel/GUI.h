@@ -7,7 +7,16 @@
 #include <ostrel/gui/AutoDelete.h>
 #include <ostrel/gui/clipboard/CopyPasteSettings.h>
 #include <ostrel/gui/clipboard/DragDropSettings.h>
+#include <ostrel/gui/clipboard/DragImage.h>
+#include <ostrel/gui/clipboard/DragSource.h>
+#include <ostrel/gui/clipboard/DropTarget.h>
+#include <ostrel/gui/clipboard/ICopyPaste.h>
+#include <ostrel/gui/clipboard/IDragDrop.h>
+#include <ostrel/gui/clipboard/PasteTarget.h>
+#include <ostrel/gui/edit/EditInPlaceContext.h>
 #include <ostrel/gui/edit/EditInPlaceSettings.h>
+#include <ostrel/gui/edit/EmbeddedControlParams.h>
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/ContextType.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/GridItem.h>
@@ -46,6 +55,9 @@
 #include <ostrel/gui/paint/PaintHelper.h>
 #include <ostrel/gui/paint/PaintInfo.h>
 #include <ostrel/gui/paint/ProgressCellPaintFormat.h>
+#include <ostrel/gui/print/PrintSettings.h>
+#include <ostrel/gui/tooltip/ITooltip.h>
+#include <ostrel/gui/tooltip/ITooltipCtrl.h>
 #include <ostrel/gui/tooltip/TooltipSettings.h>
 #include <ostrel/platform/drawing/Bitmap.h>
 #include <ostrel/platform/drawing/Brush.h>
@@ -62,6 +74,7 @@
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/CmdTarget.h>
 #include <ostrel/platform/window/Display.h>
+#include <ostrel/platform/window/DropEffect.h>
 #include <ostrel/platform/window/FrameWnd.h>
 #include <ostrel/platform/window/MessageLoop.h>
 #include <ostrel/platform/window/Messages.h>

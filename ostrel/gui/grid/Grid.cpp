@@ -159,10 +159,12 @@ LRESULT CGrid::AfterDefault(UINT message, WPARAM wParam, LPARAM lParam)
         m_core->OnSize({LOWORD(static_cast<DWORD_PTR>(lParam)), HIWORD(static_cast<DWORD_PTR>(lParam))});
         break;
     case WM_VSCROLL:
+        SetFocus();
         m_core->Freeze().OnScroll(LOWORD(wParam));
         m_core->Scroller().OnVerticalScroll(LOWORD(wParam), HIWORD(wParam));
         break;
     case WM_HSCROLL:
+        SetFocus();
         m_core->Scroller().OnHorizontalScroll(LOWORD(wParam), HIWORD(wParam));
         break;
     case WM_LBUTTONDOWN:

@@ -6,40 +6,17 @@
 #include <string>
 #include <vector>
 
+#include <ostrel/gui/clipboard/DragImage.h>
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/ContextType.h>
+#include <ostrel/gui/grid/GridNames.h>
 #include <ostrel/platform/base/Export.h>
 #include <ostrel/platform/base/Geometry.h>
 #include <ostrel/platform/base/String.h>
 #include <ostrel/platform/window/Wnd.h>
 
-class CArchive;
-class CFont;
-class CImageList;
-
-namespace Ostrel::Common
-{
-class CDataObject;
-class CFormat;
-class CValue;
-} // namespace Ostrel::Common
-
 namespace Ostrel::GUI
 {
-class CAppearance;
-class CBackgroundImage;
-class CColumn;
-class CCopyPasteSettings;
-class CDragDropSettings;
-class CEditInPlaceSettings;
-class CGridItem;
-class CHeader;
-class CHighlightSettings;
-class CSortInfo;
-class CTooltipSettings;
-class ICustomDraw;
-class IGridFilter;
-class IKeyManager;
-
 namespace Detail
 {
 class GridCore;
@@ -496,6 +473,8 @@ public:
     void HideHeader();
     bool IsHeaderVisible() const;
     ///@}
+    /// Lets the user arrange the columns in a dialog. This version has none and does nothing.
+    void ShowHeaderDialog();
 
     // --- Looks ---
 
@@ -560,24 +539,41 @@ public:
     /// The grid's own font, null when it uses the preferences' font.
     CFont* GetFont() const;
 
-    // --- Settings of its parts ---
+    // --- Clipboard, drag and drop ---
 
+    /// Puts the selected rows on the clipboard, as the copy-paste part does it. False without a part, or as it answers.
+    bool Copy();
+    /// The same, so that pasting moves the rows.
+    bool Cut();
+    /// Pastes where the focused row and the settings say. False when pasting is not allowed there, or as the part
+    /// answers.
+    bool Paste();
+    /// Pastes below `parent` after `position`, as Attach takes them. False without a part, or as it answers.
+    bool Paste(CGridItem* parent, CGridItem* position);
+    /// Null means the preferences' default. Takes ownership if AutoDelete() says so. Returns the old part; the caller
+    /// owns it.
+    ICopyPaste* SetCopyPaste(ICopyPaste* copyPaste);
+    /// The part that was set, null when none was.
+    ICopyPaste* GetCopyPaste() const;
     ///@{
-    /// Whether rows may be copied, cut and pasted; true unless set. Without effect in this version.
+    /// Whether Paste() without a place may paste; true unless set.
     void AllowCopyPaste(bool allow);
     bool IsCopyPasteAllowed() const;
     ///@}
 
     ///@{
-    /// What may be copied, cut and pasted. Kept and stored in archives; this version does not act on it yet.
+    /// What may be copied, cut and pasted, and where pasted rows go.
     CCopyPasteSettings& GetCopyPasteSettings();
     CCopyPasteSettings const& GetCopyPasteSettings() const;
     void SetCopyPasteSettings(CCopyPasteSettings const& settings);
     ///@}
-
+    /// Replaces the drag-and-drop part, as SetCopyPaste does its part. Kept; this version does not ask it yet.
+    IDragDrop* SetDragDrop(IDragDrop* dragDrop);
+    /// The part that was set, null when none was.
+    IDragDrop* GetDragDrop() const;
     ///@{
-    /// Whether rows may be dragged; false unless set. In this version it only lets a press on a selected row wait for
-    /// the release.
+    /// Whether rows may be dragged; false unless set. So far it only lets a press on a selected row wait for the
+    /// release.
     void AllowDragAndDrop(bool allow);
     bool IsDragAndDropAllowed() const;
     ///@}
@@ -588,14 +584,64 @@ public:
     CDragDropSettings const& GetDragDropSettings() const;
     void SetDragDropSettings(CDragDropSettings const& settings);
     ///@}
+    /// A picture of those of the rows that are shown in the area. Empty in this version.
+    CDragImage CreateDragImage(std::vector<CGridItem*> const& items, ContextType type, CHeader const* header) const;
 
+    // --- Editing in place and embedded controls ---
+
+    /// Replaces the editing part, as SetCopyPaste does its part. Kept; this version does not ask it yet.
+    IEditInPlace* SetEditInPlace(IEditInPlace* editInPlace);
+    /// The part that was set, null when none was.
+    IEditInPlace* GetEditInPlace() const;
+    /// Whether an edit of the cell could start. False in this version.
+    bool CanStartEditInPlace(CGridItem* item, long fid, IEditInPlace::StartReason reason) const;
+    /// Starts an edit of the cell. False when it does not start, as always in this version.
+    bool StartEditInPlace(CGridItem* item, long fid, IEditInPlace::StartReason reason);
+    /// Ends the edit in progress; with `post`, later. True when a control was taken out of its cell.
+    bool StopEditInPlace(IEditInPlace::StopReason reason, bool post);
+    /// The control of the edit in progress, null when there is none.
+    CWnd* GetEditInPlaceControl() const;
     ///@{
     /// Whether and how cells are edited in place. Kept and stored in archives; this version does not act on it yet.
     CEditInPlaceSettings& GetEditInPlaceSettings();
     CEditInPlaceSettings const& GetEditInPlaceSettings() const;
     void SetEditInPlaceSettings(CEditInPlaceSettings const& settings);
     ///@}
+    /// Keeps a control over the cell. Does not take ownership. Null when that is refused, as always in this version.
+    CEmbeddedControlAdapter* AttachControl(CWnd* control, CGridItem* item, long fid,
+                                           CEmbeddedControlParams const& params);
+    ///@{
+    /// Whether a control lies over the cell.
+    bool HasControl(CGridItem* item, long fid) const;
+    bool HasControl(int row, ContextType type, long fid) const;
+    ///@}
+    ///@{
+    /// Does nothing and returns false: a control leaves its cell when its edit stops or its row goes.
+    bool DetachControl(CWnd* control);
+    bool DetachControl(CGridItem* item, long fid, bool destroy);
+    ///@}
 
+    // --- Tips ---
+
+    ///@{
+    /// Whether tips about cells are shown; false unless set. Without effect in this version.
+    void EnableTooltip(bool enable);
+    bool IsTooltipEnabled() const;
+    ///@}
+    ///@{
+    /// Whether a text that its cell cuts short is shown whole; true unless set. Without effect in this version.
+    void EnableInPlaceTooltip(bool enable);
+    bool IsInPlaceTooltipEnabled() const;
+    ///@}
+    ///@{
+    /// What the tips say and the windows that show them: replaceable parts, kept but not asked in this version.
+    ITooltip* SetTooltip(ITooltip* tooltip);
+    ITooltip* GetTooltip() const;
+    ITooltipCtrl* SetTooltipCtrl(ITooltipCtrl* control);
+    ITooltipCtrl* GetTooltipCtrl() const;
+    ITooltipCtrl* SetInPlaceTooltipCtrl(ITooltipCtrl* control);
+    ITooltipCtrl* GetInPlaceTooltipCtrl() const;
+    ///@}
     ///@{
     /// How the tips over cells look and behave. Kept and stored in archives; this version does not act on it yet.
     CTooltipSettings& GetTooltipSettings();
@@ -608,6 +654,14 @@ public:
     CTooltipSettings& GetInPlaceTooltipSettings();
     CTooltipSettings const& GetInPlaceTooltipSettings() const;
     void SetInPlaceTooltipSettings(CTooltipSettings const& settings);
+    ///@}
+
+    // --- Printing ---
+
+    ///@{
+    /// Prints the rows within a print job, or shows how that would look. This version does neither.
+    void Print(CPrintSettings const& settings, CPrintInfo* printInfo);
+    void PrintPreview(CPrintSettings const& settings);
     ///@}
 
     // --- Persistence ---

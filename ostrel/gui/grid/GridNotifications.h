@@ -4,7 +4,9 @@
 /// rows.
 #pragma once
 
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/ContextType.h>
+#include <ostrel/platform/window/DropEffect.h>
 #include <ostrel/platform/window/Messages.h>
 
 class CWnd;
@@ -17,6 +19,8 @@ class CDataObject;
 namespace Ostrel::GUI
 {
 class CColumn;
+class CDragSource;
+class CDropTarget;
 class CGrid;
 class CGridItem;
 class CHeader;
@@ -35,6 +39,12 @@ enum NotificationCode : UINT
     ItemFiltered = 8,         ///< The filter showed or hid the row.
     ItemShown = 9,            ///< The row became visible.
     ItemUpdated = 10,         ///< The row's object notified a change.
+    DragStarting = 11,        ///< Rows are about to be dragged.
+    DragFinished = 12,        ///< They were, with the resulting effect.
+    DropStarting = 13,        ///< Something is about to be dropped into the grid.
+    DropFinished = 14,        ///< It was, with the effect: none if the drop was refused.
+    EditStarted = 15,         ///< Editing a cell in place began.
+    EditStopped = 16,         ///< It ended.
     HeaderColumnAdded = 17,   ///< The header has another column.
     HeaderColumnRemoved = 18, ///< A column is about to go.
     HeaderColumnMoved = 19,   ///< A column has another position.
@@ -73,6 +83,33 @@ struct NM_GRIDITEM
     Common::CDataObject* object; ///< The row's object.
     ContextType context;         ///< The row's area.
     int row;                     ///< The row number; -1 when the row is not visible.
+};
+
+/// What the notifications of dragging and dropping, codes 11 to 14, tell.
+struct NM_GRIDDRAGDROP
+{
+    NMHDR hdr;               ///< The grid's window, its control id and the code.
+    UINT code;               ///< The code once more.
+    CGrid* grid;             ///< The grid that sends it.
+    CDragSource* dragSource; ///< What is dragged; null for the notifications of a drop.
+    CDropTarget* dropTarget; ///< Where it is dropped; null for those of a drag.
+    DROPEFFECT dropEffect;   ///< What the drop does, DROPEFFECT_NONE and its siblings.
+};
+
+/// What the notifications of editing in place, codes 15 and 16, tell.
+struct NM_GRIDEDIT
+{
+    NMHDR hdr;                             ///< The grid's window, its control id and the code.
+    UINT code;                             ///< The code once more.
+    CGrid* grid;                           ///< The grid that sends it.
+    CGridItem* item;                       ///< The row.
+    Common::CDataObject* object;           ///< The row's object.
+    ContextType context;                   ///< The row's area.
+    int row;                               ///< The row number; -1 when the row is not visible.
+    CColumn const* column;                 ///< The column of the cell.
+    CWnd* control;                         ///< The editor.
+    IEditInPlace::StartReason startReason; ///< What began the edit.
+    IEditInPlace::StopReason stopReason;   ///< What ended it; NoReason when it begins.
 };
 
 /// What a column notification, codes 17 to 21, tells.

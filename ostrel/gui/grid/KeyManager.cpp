@@ -444,8 +444,18 @@ void CKeyManager::OnSelectAll(CGrid& grid)
     grid.SelectAll();
 }
 
-// A grid without a clipboard part has nothing to copy to; the keys are consumed all the same.
-void CKeyManager::OnCopySelection(CGrid&) {}
-void CKeyManager::OnCutSelection(CGrid&) {}
-void CKeyManager::OnPasteSelection(CGrid&) {}
+void CKeyManager::OnCopySelection(CGrid& grid)
+{
+    grid.Copy();
+}
+
+void CKeyManager::OnCutSelection(CGrid& grid)
+{
+    grid.Cut();
+}
+
+void CKeyManager::OnPasteSelection(CGrid& grid)
+{
+    grid.Paste();
+}
 } // namespace Ostrel::GUI

@@ -11,10 +11,14 @@ namespace Ostrel::GUI
 class CAppearance;
 class ICellPaintFormat;
 class IColumnPaintFormat;
+class ICopyPaste;
 class ICustomDraw;
+class IDragDrop;
+class IEditInPlace;
 class IHeaderPaintFormat;
 class IKeyManager;
 class ILinePaintFormat;
+class ITooltipCtrl;
 
 /// Defaults that a grid uses where the application has set nothing of its own. Everything returned lives until the
 /// process ends. The threading mode may be read on any thread; the rest belongs to the thread of the grids.
@@ -58,6 +62,18 @@ public:
     static IHeaderPaintFormat* GetDefaultHeaderPaintFormat();
     static IColumnPaintFormat* GetDefaultColumnPaintFormat();
     static IKeyManager* GetDefaultKeyManager();
+    ///@}
+
+    ///@{
+    /// Null: this version brings none of these parts, so a grid without one of its own does nothing there.
+    static IDragDrop* GetDefaultDragDrop() noexcept { return nullptr; }
+    static ICopyPaste* GetDefaultCopyPaste() noexcept { return nullptr; }
+    static IEditInPlace* GetDefaultEditInPlace() noexcept { return nullptr; }
+    ///@}
+    ///@{
+    /// A new window for tips; the caller owns it. Null: this version shows none.
+    static ITooltipCtrl* CreateDefaultTooltipCtrl() noexcept { return nullptr; }
+    static ITooltipCtrl* CreateDefaultInPlaceTooltipCtrl() noexcept { return nullptr; }
     ///@}
 };
 } // namespace Ostrel::GUI

@@ -96,12 +96,13 @@ TEST_F(CrossThreadTest, AWindowThatIsGoneGivesTheNeutralResult)
         });
 }
 
-TEST_F(CrossThreadTest, CodesThatCarryNoCallAnswerZero)
+TEST_F(CrossThreadTest, MessagesThatCarryNoCallAnswerZero)
 {
     UINT const message = RegisterWindowMessage("Ostrel.Grid.SyncMessage");
     for (WPARAM code = 0; code < 300; ++code)
     {
         EXPECT_EQ(Grid().SendMessage(message, code, 0), 0) << code;
+        EXPECT_EQ(Grid().SendMessage(message, code, 0x1234), 0) << code;
     }
 }
 

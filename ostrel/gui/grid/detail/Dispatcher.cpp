@@ -1,11 +1,17 @@
+#include <algorithm>
+#include <array>
+#include <atomic>
 #include <memory>
+#include <span>
 
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/grid/detail/Dispatcher.h>
 #include <ostrel/gui/grid/detail/GridArea.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
+#include <ostrel/gui/grid/detail/UpdateLookAhead.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
+#include <ostrel/platform/base/ThreadId.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -13,11 +19,63 @@ namespace
 {
 constexpr char const* kWindowClass = "Ostrel.Grid.Dispatcher";
 
-struct GiveBackRecord
+enum Code : WPARAM
 {
-    void operator()(UpdateRecord* record) const noexcept { UpdateRecord::GiveBack(record); }
+    ApplyUpdate = 0,  ///< lParam: UpdateRecord*, owned by the message
+    RemoveObject = 1, ///< lParam: CDataObject const*, sent
 };
-using RecordOwner = std::unique_ptr<UpdateRecord, GiveBackRecord>;
+
+/// A thread with a dispatching window. Places are taken from the front, so that the oldest comes first.
+struct Place
+{
+    std::atomic<DWORD> thread{0}; ///< 0: free
+    std::atomic<HWND> window{nullptr};
+};
+/// The rows of threads beyond these are served by the first.
+constexpr int kMostThreads = 64;
+std::array<Place, kMostThreads> g_places;
+std::atomic<int> g_usedPlaces{0}; ///< never shrinks
+
+std::span<Place> UsedPlaces() noexcept
+{
+    return std::span(g_places).first(static_cast<std::size_t>(g_usedPlaces.load(std::memory_order_acquire)));
+}
+
+/// Null when all are taken.
+Place* TakePlace(DWORD thread) noexcept
+{
+    for (int i = 0; i < kMostThreads; ++i)
+    {
+        DWORD nobody = 0;
+        if (g_places[static_cast<std::size_t>(i)].thread.compare_exchange_strong(nobody, thread))
+        {
+            int used = g_usedPlaces.load();
+            while (used < i + 1 && !g_usedPlaces.compare_exchange_weak(used, i + 1))
+            {}
+            return &g_places[static_cast<std::size_t>(i)];
+        }
+    }
+    return nullptr;
+}
+
+/// The window that serves the rows of a home, null when there is no window at all.
+Place const* ServingPlace(DWORD home) noexcept
+{
+    Place const* oldest = nullptr;
+    for (Place const& place : UsedPlaces())
+    {
+        if (place.window.load(std::memory_order_acquire) == nullptr)
+        {
+            continue;
+        }
+        if (place.thread.load(std::memory_order_relaxed) == home)
+        {
+            return &place;
+        }
+        oldest = oldest == nullptr ? &place : oldest;
+    }
+    return oldest;
+}
 
 void RegisterWindowClassOnce()
 {
@@ -39,22 +97,101 @@ UINT DispatcherMessage()
     return message;
 }
 
-/// Calls the function for each row of an object, passing over those that an earlier call has taken away.
+/// Calls the function for each row of an object that the calling thread serves, passing over those that an earlier call
+/// has taken away.
 template <class Function>
 void ForEachRow(Common::CDataObject const* object, Function&& function)
 {
     ObjectRegistry const& registry = ObjectRegistry::Instance();
-    std::uint64_t const removals = registry.Removals();
-    ItemList const items = registry.Items(object);
+    std::uint64_t const changes = registry.Changes();
+    ItemList const items = registry.ItemsServedHere(object);
     for (std::size_t i = 0; i < items.Size(); ++i)
     {
-        if (registry.Removals() == removals || registry.Contains(object, items[i]))
+        if (registry.Changes() == changes || registry.IsServedHere(object, items[i]))
         {
             function(*items[i]);
         }
     }
 }
+
+void Apply(CGridItem& item, UpdateRecord const& record)
+{
+    if (Dispatcher::HasOneThread() || GridArea::Of(item) != nullptr)
+    {
+        GridUpdates::Apply(item, record);
+        return;
+    }
+    // A row in no grid may be taken over by the grid of another thread meanwhile.
+    ObjectRegistry::Instance().WhileServedHere(record.object, &item, [&]() { GridUpdates::Apply(item, record); });
+}
 } // namespace
+
+/// Lives as long as its thread.
+class Dispatcher::Window final : public CWnd
+{
+public:
+    explicit Window(Place& place) noexcept : m_place(place) {}
+    ~Window() override
+    {
+        DestroyWindow();
+        m_place.thread.store(0, std::memory_order_release);
+    }
+
+    /// Does nothing where the thread has one, or where too many threads have one.
+    static void Make()
+    {
+        static thread_local Window* present = nullptr;
+        if (present == nullptr)
+        {
+            Place* const place = TakePlace(GetCurrentThreadId());
+            if (place == nullptr)
+            {
+                return;
+            }
+            RegisterWindowClassOnce();
+            GetFocus(); // what the thread's windows stand on is there before the owner, and goes after it
+            static thread_local std::unique_ptr<Window> owner;
+            owner = std::make_unique<Window>(*place);
+            present = owner.get();
+        }
+        if (present->m_hWnd == nullptr)
+        {
+            present->CreateEx(0, kWindowClass, "", WS_POPUP, -1000, -1000, 0, 0, nullptr, 0);
+        }
+    }
+
+protected:
+    // CWnd
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        return message == DispatcherMessage() ? OnMessage(wParam, lParam) : CWnd::WindowProc(message, wParam, lParam);
+    }
+    void PreSubclassWindow() override { m_place.window.store(m_hWnd, std::memory_order_release); }
+    void PostNcDestroy() override { m_place.window.store(nullptr, std::memory_order_release); }
+
+private:
+    LRESULT OnMessage(WPARAM code, LPARAM argument)
+    {
+        if (code == ApplyUpdate && argument != 0)
+        {
+            std::unique_ptr<UpdateRecord, void (*)(UpdateRecord*)> const record(
+                reinterpret_cast<UpdateRecord*>(argument), &UpdateRecord::GiveBack);
+            if (HasOneThread())
+            {
+                m_lookAhead.Step(DispatcherMessage()); // which reads rows, and so only where all are this thread's
+            }
+            Deliver(*record);
+        }
+        else if (code == RemoveObject)
+        {
+            RemoveRows(reinterpret_cast<Common::CDataObject const*>(argument));
+        }
+        return 0;
+    }
+
+    Place& m_place;
+    UpdateLookAhead m_lookAhead;
+};
 
 Dispatcher& Dispatcher::Instance()
 {
@@ -65,19 +202,33 @@ Dispatcher& Dispatcher::Instance()
 
 void Dispatcher::EnsureWindow()
 {
-    if (IsWindow(m_window.load(std::memory_order_acquire)) != FALSE)
-    {
-        return;
-    }
-    RegisterWindowClassOnce();
-    CreateEx(0, kWindowClass, "", WS_POPUP, -1000, -1000, 0, 0, nullptr, 0);
-    m_thread.store(std::this_thread::get_id(), std::memory_order_release);
-    m_window.store(m_hWnd, std::memory_order_release);
+    Window::Make();
 }
 
-void Dispatcher::PostNcDestroy()
+bool Dispatcher::HasOneThread() noexcept
 {
-    m_window.store(nullptr, std::memory_order_release);
+    return g_usedPlaces.load(std::memory_order_acquire) <= 1;
+}
+
+DWORD Dispatcher::ServingThread(DWORD home) noexcept
+{
+    Place const* const place = ServingPlace(home);
+    return place != nullptr ? place->thread.load(std::memory_order_relaxed) : GetCurrentThreadId();
+}
+
+std::vector<HWND> Dispatcher::WindowsFor(Common::CDataObject const* object)
+{
+    std::vector<HWND> windows;
+    for (DWORD const home : ObjectRegistry::Instance().Homes(object))
+    {
+        Place const* const place = ServingPlace(home);
+        HWND const window = place != nullptr ? place->window.load(std::memory_order_acquire) : nullptr;
+        if (window != nullptr && std::ranges::find(windows, window) == windows.end())
+        {
+            windows.push_back(window);
+        }
+    }
+    return windows;
 }
 
 void Dispatcher::OnUpdate(std::set<long> const& fieldIds, Common::CDataObject const* object)
@@ -88,69 +239,40 @@ void Dispatcher::OnUpdate(std::set<long> const& fieldIds, Common::CDataObject co
     }
 }
 
+void Dispatcher::Post(HWND window, UpdateRecord* record)
+{
+    if (::PostMessage(window, DispatcherMessage(), ApplyUpdate, reinterpret_cast<LPARAM>(record)) == FALSE)
+    {
+        UpdateRecord::GiveBack(record);
+    }
+}
+
 void Dispatcher::OnUpdate(long fieldId, Common::CDataObject const* object)
 {
-    HWND const window = m_window.load(std::memory_order_acquire);
-    if (object == nullptr || window == nullptr)
+    HWND const only = HasOneThread() ? g_places[0].window.load(std::memory_order_acquire) : nullptr;
+    if (object == nullptr || (only == nullptr && HasOneThread()))
     {
         return;
     }
-    RecordOwner record(UpdateRecord::Take());
+    std::unique_ptr<UpdateRecord, void (*)(UpdateRecord*)> record(UpdateRecord::Take(), &UpdateRecord::GiveBack);
     record->object = object;
     record->fieldId = fieldId;
     if (fieldId != kNoField && CPreferences::GetThreadingMode() == CPreferences::SnapshotOnNotify)
     {
         record->snapshot = TakeSnapshot(const_cast<Common::CDataObject&>(*object), fieldId);
     }
-    if (::PostMessage(window, DispatcherMessage(), ApplyUpdate, reinterpret_cast<LPARAM>(record.get())) != FALSE)
+    if (only != nullptr)
     {
-        static_cast<void>(record.release());
+        Post(only, record.release());
+        return;
+    }
+    for (HWND const window : WindowsFor(object))
+    {
+        Post(window, record->Copy());
     }
 }
 
 void Dispatcher::OnDelete(Common::CDataObject const* object)
-{
-    HWND const window = m_window.load(std::memory_order_acquire);
-    if (m_thread.load(std::memory_order_acquire) == std::this_thread::get_id() || window == nullptr)
-    {
-        RemoveRows(object);
-    }
-    else
-    {
-        ::SendMessage(window, DispatcherMessage(), RemoveObject, reinterpret_cast<LPARAM>(object));
-    }
-}
-
-LRESULT Dispatcher::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return message == DispatcherMessage() ? OnMessage(wParam, lParam) : CWnd::WindowProc(message, wParam, lParam);
-}
-
-LRESULT Dispatcher::OnMessage(WPARAM code, LPARAM argument)
-{
-    if (argument == 0)
-    {
-        return 0;
-    }
-    if (code == ApplyUpdate)
-    {
-        RecordOwner const record(reinterpret_cast<UpdateRecord*>(argument));
-        m_lookAhead.Step(DispatcherMessage());
-        Deliver(*record);
-    }
-    else if (code == RemoveObject)
-    {
-        RemoveRows(reinterpret_cast<Common::CDataObject const*>(argument));
-    }
-    return 0;
-}
-
-void Dispatcher::Deliver(UpdateRecord const& record)
-{
-    ForEachRow(record.object, [&](CGridItem& item) { GridUpdates::Apply(item, record); });
-}
-
-void Dispatcher::RemoveRows(Common::CDataObject const* object)
 {
     ObjectRegistry& registry = ObjectRegistry::Instance();
     if (!registry.Contains(object))
@@ -158,7 +280,24 @@ void Dispatcher::RemoveRows(Common::CDataObject const* object)
         return;
     }
     ObjectRegistry::RemovingScope const removing(object);
-    ForEachRow(object, [](CGridItem& item) { GridRows::DeleteAnywhere(item); });
+    for (HWND const window : WindowsFor(object))
+    {
+        if (GetWindowThreadProcessId(window) != GetCurrentThreadId())
+        {
+            ::SendMessage(window, DispatcherMessage(), RemoveObject, reinterpret_cast<LPARAM>(object));
+        }
+    }
+    RemoveRows(object);
     registry.Forget(object);
+}
+
+void Dispatcher::Deliver(UpdateRecord const& record)
+{
+    ForEachRow(record.object, [&](CGridItem& item) { Apply(item, record); });
+}
+
+void Dispatcher::RemoveRows(Common::CDataObject const* object)
+{
+    ForEachRow(object, [](CGridItem& item) { GridRows::DeleteAnywhere(item); });
 }
 } // namespace Ostrel::GUI::Detail

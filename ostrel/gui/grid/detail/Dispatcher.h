@@ -1,55 +1,49 @@
 // The one subscriber of every object that any grid shows: turns a notification on any thread into a posted message, and
-// on its own thread applies it to every row of the object.
+// on the thread of the grids applies it to every row of the object.
 //
-// Its window belongs to the thread of the first grid. Should that window die while the process goes on, the next grid
-// makes a new one on its own thread.
+// A program nearly always has one thread with grids: then there is one window, and one message for each notification.
+// Every further thread that makes a grid gets a dispatching window of its own. A row belongs to the thread of its grid
+// (CGridItem::m_home) and is touched there only: a notification goes to each thread that has rows of the object, and
+// each applies it to its own. Rows whose thread has no window any more are served by the oldest window that is left.
 #pragma once
 
-#include <atomic>
 #include <set>
-#include <thread>
+#include <vector>
 
 #include <ostrel/common/dataobject/DataObject.h>
-#include <ostrel/gui/grid/detail/UpdateLookAhead.h>
-#include <ostrel/platform/window/Wnd.h>
+#include <ostrel/platform/base/Types.h>
 
 namespace Ostrel::GUI::Detail
 {
 struct UpdateRecord;
 
-class Dispatcher final : public CWnd, public Common::CDataObject::ISink
+class Dispatcher final : public Common::CDataObject::ISink
 {
 public:
     static Dispatcher& Instance();
 
-    /// Makes the window on the calling thread if there is none.
-    void EnsureWindow();
+    /// Makes the calling thread's window if it has none.
+    static void EnsureWindow();
+    /// True while the process has never had grids on two threads: every row is served by the one thread then.
+    [[nodiscard]] static bool HasOneThread() noexcept;
+    /// The thread that serves the rows of a home: it, if it has a window, else the oldest that has one, else the
+    /// caller.
+    [[nodiscard]] static DWORD ServingThread(DWORD home) noexcept;
 
     // Common::CDataObject::ISink. Any thread.
     void OnUpdate(std::set<long> const& fieldIds, Common::CDataObject const* object) override;
     void OnUpdate(long fieldId, Common::CDataObject const* object) override;
+    /// Returns when all rows are gone.
     void OnDelete(Common::CDataObject const* object) override;
 
-protected:
-    // CWnd
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void PostNcDestroy() override;
-
 private:
-    enum Code : WPARAM
-    {
-        ApplyUpdate = 0,  ///< lParam: UpdateRecord*, owned by the message
-        RemoveObject = 1, ///< lParam: CDataObject const*, sent
-    };
+    class Window;
 
     Dispatcher() = default;
 
-    LRESULT OnMessage(WPARAM code, LPARAM argument);
+    [[nodiscard]] static std::vector<HWND> WindowsFor(Common::CDataObject const* object);
+    static void Post(HWND window, UpdateRecord* record);
     static void Deliver(UpdateRecord const& record);
     static void RemoveRows(Common::CDataObject const* object);
-
-    UpdateLookAhead m_lookAhead;
-    std::atomic<HWND> m_window{nullptr};
-    std::atomic<std::thread::id> m_thread{};
 };
 } // namespace Ostrel::GUI::Detail

@@ -4,6 +4,7 @@
 #include <ostrel/gui/grid/detail/GridCells.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/gui/grid/detail/UpdateRecord.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
@@ -87,7 +88,7 @@ void GridCells::Reformat(CGridItem& item, long fieldId) const
     {
         return;
     }
-    if (fieldId >= 0)
+    if (IsField(fieldId))
     {
         if (auto const found = cache->find(fieldId); found != cache->end())
         {

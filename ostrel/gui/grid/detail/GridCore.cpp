@@ -1,10 +1,15 @@
 #include <memory>
 
+#include <ostrel/gui/clipboard/ICopyPaste.h>
+#include <ostrel/gui/clipboard/IDragDrop.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/grid/detail/Dispatcher.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/paint/ICustomDraw.h>
+#include <ostrel/gui/tooltip/ITooltip.h>
+#include <ostrel/gui/tooltip/ITooltipCtrl.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -39,7 +44,7 @@ GridCore::GridCore(CGrid& grid)
       m_search(*this),
       m_freeze(*this)
 {
-    Dispatcher::Instance().EnsureWindow();
+    Dispatcher::EnsureWindow();
 }
 
 GridCore::~GridCore()
@@ -50,6 +55,12 @@ GridCore::~GridCore()
     DeleteIfWanted(m_columns.SetHeader(nullptr));
     DeleteIfWanted(customDraw);
     DeleteIfWanted(keyManager);
+    DeleteIfWanted(copyPaste);
+    DeleteIfWanted(dragDrop);
+    DeleteIfWanted(editInPlace);
+    DeleteIfWanted(tooltip);
+    DeleteIfWanted(tooltipCtrl);
+    DeleteIfWanted(inPlaceTooltipCtrl);
 }
 
 GridArea* GridCore::Area(ContextType type) noexcept
@@ -94,7 +105,17 @@ IKeyManager& GridCore::KeyManagerInUse() const
 
 void GridCore::OnBound()
 {
+    DWORD const before = m_thread.Home();
     m_thread.Bind(m_grid.GetSafeHwnd());
+    if (m_thread.Home() == before)
+    {
+        return;
+    }
+    Dispatcher::EnsureWindow();
+    for (GridArea* const area : {&m_fixed, &m_scrollable})
+    {
+        ObjectRegistry::Instance().SetHome(RowArea::DeletionOrder(area->Root()), m_thread.Home());
+    }
 }
 
 void GridCore::FinishCreation()
@@ -129,6 +150,7 @@ void GridCore::OnDestroy()
         m_grid.KillTimer(timerId);
     }
     m_repaints.OnDestroy();
+    m_scroller.OnDestroy();
     m_freeze.OnDestroy();
     m_looks.DropBuffers();
     m_thread.Unbind();
@@ -173,16 +195,13 @@ LRESULT GridCore::OnSyncMessage(WPARAM code, LPARAM argument)
         FinishCreation();
         break;
     case GridOperation::Update:
-        m_updates.OnPosted(argument);
+        m_updates.OnPosted();
         break;
     case GridOperation::DeferredLayout:
         m_scroller.OnPostedUpdateBars();
         break;
     default:
-        if (IsCarriedCall(code) && argument != 0)
-        {
-            reinterpret_cast<CarriedCall*>(argument)->Run();
-        }
+        GridThread::Run(reinterpret_cast<CarriedCall const*>(argument));
         break;
     }
     return 0;

@@ -76,6 +76,12 @@ public:
     /// The replaceable parts that are set; null where the preferences' defaults are used.
     IKeyManager* keyManager = nullptr;
     ICustomDraw* customDraw = nullptr;
+    ICopyPaste* copyPaste = nullptr;
+    IDragDrop* dragDrop = nullptr;
+    IEditInPlace* editInPlace = nullptr;
+    ITooltip* tooltip = nullptr;
+    ITooltipCtrl* tooltipCtrl = nullptr;
+    ITooltipCtrl* inPlaceTooltipCtrl = nullptr;
     [[nodiscard]] IKeyManager& KeyManagerInUse() const;
 
     PartSettings parts;

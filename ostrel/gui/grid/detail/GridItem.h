@@ -3,7 +3,7 @@
 // is stored that the tree can tell (row number, place among the siblings, visible descendants).
 //
 // Rows live in a process-wide pool (ItemPool.h) that answers whether an address is a row without touching it.
-// All fields belong to the grid's thread, but for the links of the object registry, which its lock guards.
+// All fields belong to the thread of the row's home, but for those of the object registry, which its lock guards.
 #pragma once
 
 #include <cstdint>
@@ -107,7 +107,9 @@ private:
     std::int32_t m_rowDeadlineMs = -1;
 
 public:
-    // Links of the object registry: the rows of one object in the order of their registration. Guarded by its lock.
+    // Of the object registry, guarded by its lock: the number of the thread whose grid has, or last had, the row; and
+    // the rows of one object in the order of their registration.
+    std::uint32_t m_home = 0;
     CGridItem* m_nextOfObject = nullptr;
     CGridItem* m_previousOfObject = nullptr;
 };

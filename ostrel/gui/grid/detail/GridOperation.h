@@ -1,5 +1,5 @@
-// The operation codes of the message that carries a grid call to the grid's thread: its wParam. Codes that are not
-// listed answer 0.
+// The operation codes of the message that carries a grid call to the grid's thread: its wParam. Every message answers
+// 0; one that no waiting call has sent does nothing else.
 #pragma once
 
 #include <ostrel/platform/base/Types.h>
@@ -117,14 +117,32 @@ enum class GridOperation : WPARAM
     GetNavigationColumn = 114,
     GetHierarchicalColumn = 115,
     EnsureColumnVisible = 116,
+    EnableTooltip = 117,
+    IsTooltipEnabled = 118,
+    GetTooltip = 119,
+    SetTooltip = 120,
+    GetTooltipCtrl = 121,
+    SetTooltipCtrl = 122,
     GetTooltipSettings = 123,
     SetTooltipSettings = 124,
+    EnableInPlaceTooltip = 125,
+    IsInPlaceTooltipEnabled = 126,
     GetInPlaceTooltipSettings = 127,
     SetInPlaceTooltipSettings = 128,
+    GetInPlaceTooltipCtrl = 129,
+    SetInPlaceTooltipCtrl = 130,
+    Copy = 131,
+    Cut = 132,
+    Paste = 133,
+    PasteAt = 134,
+    SetCopyPaste = 135,
+    GetCopyPaste = 136,
     GetCopyPasteSettings = 137,
     SetCopyPasteSettings = 138,
     AllowCopyPaste = 139,
     IsCopyPasteAllowed = 140,
+    SetDragDrop = 142,
+    GetDragDrop = 143,
     GetDragDropSettings = 144,
     SetDragDropSettings = 145,
     AllowDragAndDrop = 146,
@@ -154,6 +172,8 @@ enum class GridOperation : WPARAM
     GetOptimalRowHeight = 170,
     GetOptimalCellWidth = 171,
     Navigate = 174,
+    SetEditInPlace = 179,
+    GetEditInPlace = 180,
     GetEditInPlaceSettings = 186,
     SetEditInPlaceSettings = 187,
     Serialize = 189,
@@ -161,26 +181,4 @@ enum class GridOperation : WPARAM
     CalmView = 190,
     OrderFreeze = 191,
 };
-
-/// Whether a message with the code carries a call that waits on its caller's stack.
-constexpr bool IsCarriedCall(WPARAM code) noexcept
-{
-    struct Range
-    {
-        WPARAM first;
-        WPARAM last;
-    };
-    // Not in use, posted, or of parts that a grid does not have.
-    constexpr Range kOthers[] = {{0, 2},     {4, 4},     {6, 6},     {47, 48},   {73, 73},
-                                 {80, 80},   {86, 86},   {108, 108}, {117, 122}, {125, 126},
-                                 {129, 136}, {141, 143}, {172, 173}, {175, 185}, {188, 188}};
-    for (Range const& range : kOthers)
-    {
-        if (code >= range.first && code <= range.last)
-        {
-            return false;
-        }
-    }
-    return code <= static_cast<WPARAM>(GridOperation::OrderFreeze);
-}
 } // namespace Ostrel::GUI::Detail

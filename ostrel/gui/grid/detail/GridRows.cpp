@@ -12,8 +12,9 @@ namespace
 class NewRow
 {
 public:
-    explicit NewRow(Common::CDataObject* object) : m_item(RowArea::CreateItem(object))
+    NewRow(Common::CDataObject* object, DWORD home) : m_item(RowArea::CreateItem(object))
     {
+        m_item->m_home = home;
         ObjectRegistry::Instance().Register(object, *m_item);
     }
     NewRow(NewRow const&) = delete;
@@ -98,7 +99,7 @@ CGridItem* GridRows::Add(Common::CDataObject* object, CGridItem* parent, CGridIt
     {
         return nullptr;
     }
-    NewRow row(object);
+    NewRow row(object, m_core.Thread().Home());
     CGridItem& item = row.Item();
     if (snapshot != nullptr)
     {
@@ -258,7 +259,12 @@ bool GridRows::Attach(CGridItem* item, CGridItem* parent, CGridItem* after)
     {
         return false;
     }
-    for (CGridItem* const each : RowArea::DeletionOrder(*item))
+    std::vector<CGridItem*> const subtree = RowArea::DeletionOrder(*item);
+    if (item->m_home != m_core.Thread().Home())
+    {
+        ObjectRegistry::Instance().SetHome(subtree, m_core.Thread().Home());
+    }
+    for (CGridItem* const each : subtree)
     {
         m_core.Cells().Reformat(*each, kAllFields);
     }
@@ -394,7 +400,7 @@ void GridRows::Expand(CGridItem* handle, bool recursive, bool expand)
 std::vector<CGridItem*> GridRows::Handles(Common::CDataObject const* object, bool onlyVisible, ContextType mask) const
 {
     std::vector<CGridItem*> handles;
-    ItemList const items = ObjectRegistry::Instance().Items(object);
+    ItemList const items = ObjectRegistry::Instance().Items(object, m_core.Thread().Home());
     for (std::size_t i = 0; i < items.Size(); ++i)
     {
         GridArea const* const area = m_core.AreaOf(items[i]);

@@ -303,6 +303,16 @@ void GridScroller::OnPostedUpdateBars()
     UpdateBars();
 }
 
+void GridScroller::OnDestroy() noexcept
+{
+    m_vertical = {};
+    m_horizontal = {};
+    m_isUpdatePosted = false;
+    m_hasScrolledIntoView = false;
+    m_targetItem = nullptr;
+    m_targetRow = -1;
+}
+
 void GridScroller::OnResized()
 {
     UpdateBars();

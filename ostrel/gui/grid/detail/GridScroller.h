@@ -50,6 +50,8 @@ public:
     void PostUpdateBars();
     void OnPostedUpdateBars();
     void OnResized();
+    /// The grid may get another window.
+    void OnDestroy() noexcept;
 
 private:
     [[nodiscard]] int ThumbPosition(int bar, int thumb) const;

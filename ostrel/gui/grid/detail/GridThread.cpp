@@ -1,4 +1,5 @@
 #include <ostrel/gui/grid/detail/GridThread.h>
+#include <ostrel/platform/base/ThreadAnnotations.h>
 #include <ostrel/platform/window/Wnd.h>
 
 namespace Ostrel::GUI::Detail
@@ -25,9 +26,49 @@ bool CarriedCall::Finish() const
     return m_hasRun;
 }
 
+/// The calls of the whole process that wait for their grid.
+class WaitingCalls
+{
+public:
+    static WaitingCalls& Instance()
+    {
+        static auto* const calls = new WaitingCalls;
+        return *calls;
+    }
+
+    void Add(CarriedCall& call) OSTREL_EXCLUDES(m_lock)
+    {
+        Platform::MutexLock const lock(m_lock);
+        call.m_next = m_first;
+        m_first = &call;
+    }
+
+    /// Takes the call off the list. Null when it is not on it.
+    [[nodiscard]] CarriedCall* Take(CarriedCall const* call) OSTREL_EXCLUDES(m_lock)
+    {
+        Platform::MutexLock const lock(m_lock);
+        CarriedCall** place = &m_first;
+        while (*place != nullptr && *place != call)
+        {
+            place = &(*place)->m_next;
+        }
+        CarriedCall* const found = *place;
+        if (found != nullptr)
+        {
+            *place = found->m_next;
+        }
+        return found;
+    }
+
+private:
+    Platform::Mutex m_lock;
+    CarriedCall* m_first OSTREL_GUARDED_BY(m_lock) = nullptr;
+};
+
 void GridThread::Bind(HWND window) noexcept
 {
     m_window.store(window, std::memory_order_release);
+    m_home.store(GetCurrentThreadId(), std::memory_order_relaxed);
     m_id.store(std::this_thread::get_id(), std::memory_order_release);
 }
 
@@ -43,11 +84,23 @@ bool GridThread::Post(GridOperation code, LPARAM argument) const
     return window != nullptr && PostMessage(window, Message(), static_cast<WPARAM>(code), argument) != FALSE;
 }
 
+void GridThread::Run(CarriedCall const* call)
+{
+    if (CarriedCall* const waiting = WaitingCalls::Instance().Take(call))
+    {
+        waiting->Run();
+    }
+}
+
+// The grid may have gone when SendMessage returns: from there on only the call is touched.
 void GridThread::Send(GridOperation code, CarriedCall& call) const
 {
     if (HWND const window = Window())
     {
+        WaitingCalls& waiting = WaitingCalls::Instance();
+        waiting.Add(call);
         SendMessage(window, Message(), static_cast<WPARAM>(code), reinterpret_cast<LPARAM>(&call));
+        static_cast<void>(waiting.Take(&call)); // still there when the window died meanwhile
     }
 }
 } // namespace Ostrel::GUI::Detail

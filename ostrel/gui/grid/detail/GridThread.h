@@ -2,7 +2,8 @@
 //
 // A call from another thread lives on the caller's stack while SendMessage waits, so nothing is copied and no argument
 // block exists. What the callable throws travels back and is thrown again on the caller's thread. A call whose window
-// is gone, or dies while the call waits, gives the neutral result.
+// is gone, or dies while the call waits, gives the neutral result. Calls that wait are listed, so that the message runs
+// nothing when somebody else sends it.
 #pragma once
 
 #include <atomic>
@@ -13,6 +14,7 @@
 #include <utility>
 
 #include <ostrel/gui/grid/detail/GridOperation.h>
+#include <ostrel/platform/base/ThreadId.h>
 #include <ostrel/platform/base/Types.h>
 
 namespace Ostrel::GUI::Detail
@@ -31,6 +33,9 @@ public:
     [[nodiscard]] bool Finish() const;
 
 private:
+    friend class WaitingCalls;
+
+    CarriedCall* m_next = nullptr; // of those that wait
     Runner m_runner;
     void* m_callable;
     std::exception_ptr m_error;
@@ -52,6 +57,8 @@ public:
         std::thread::id const id = m_id.load(std::memory_order_acquire);
         return id == std::this_thread::get_id() || id == std::thread::id();
     }
+    /// The number of the thread that its rows belong to: the one that made the grid, until the window exists.
+    [[nodiscard]] DWORD Home() const noexcept { return m_home.load(std::memory_order_relaxed); }
     [[nodiscard]] HWND Window() const noexcept { return m_window.load(std::memory_order_acquire); }
 
     /// Runs the callable on the grid's thread and returns its result, or `neutral` when the window is gone.
@@ -78,6 +85,9 @@ public:
         static_cast<void>(Carry(Code, carried));
     }
 
+    /// Grid thread only. Runs a call that waits; does nothing for any other address.
+    static void Run(CarriedCall const* call);
+
     /// Does not wait. False when the window is gone.
     bool Post(GridOperation code, LPARAM argument = 0) const;
 
@@ -95,6 +105,7 @@ private:
     void Send(GridOperation code, CarriedCall& call) const;
 
     std::atomic<std::thread::id> m_id{};
+    std::atomic<DWORD> m_home{GetCurrentThreadId()};
     std::atomic<HWND> m_window{nullptr};
 };
 } // namespace Ostrel::GUI::Detail

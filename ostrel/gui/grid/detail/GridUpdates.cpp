@@ -37,7 +37,7 @@ void TakeValues(CGridItem& item, UpdateRecord const& record)
 
 int GridUpdates::ElapsedMs(CGridItem const& item, long fieldId)
 {
-    CellUpdate const* const cell = fieldId >= 0 ? item.Updates().Find(fieldId) : nullptr;
+    CellUpdate const* const cell = IsField(fieldId) ? item.Updates().Find(fieldId) : nullptr;
     std::int32_t const lastUpdateMs = cell != nullptr ? cell->lastUpdateMs : item.RowUpdateMs();
     return lastUpdateMs < 0 ? -1 : (GridTimeMs() - lastUpdateMs) & 0x7FFFFFFF;
 }
@@ -82,22 +82,28 @@ void GridUpdates::Update(Posted const& update)
     }
 }
 
-void GridUpdates::Post(Posted const& update) const
+void GridUpdates::Post(Posted const& update)
 {
-    auto owned = std::make_unique<Posted>(update);
-    if (m_core.Thread().Post(GridOperation::Update, reinterpret_cast<LPARAM>(owned.get())))
+    Platform::MutexLock const lock(m_lock);
+    if (m_core.Thread().Post(GridOperation::Update))
     {
-        static_cast<void>(owned.release());
+        m_posted.push_back(update);
     }
 }
 
-void GridUpdates::OnPosted(LPARAM argument)
+void GridUpdates::OnPosted()
 {
-    std::unique_ptr<Posted> const owned(reinterpret_cast<Posted*>(argument));
-    if (owned != nullptr)
+    Posted update;
     {
-        Update(*owned);
+        Platform::MutexLock const lock(m_lock);
+        if (m_posted.empty())
+        {
+            return;
+        }
+        update = m_posted.front();
+        m_posted.pop_front();
     }
+    Update(update);
 }
 
 void GridUpdates::ApplyAttached(GridArea& area, CGridItem& item, long fieldId)

@@ -2,8 +2,11 @@
 // window. This is the path that live data take, so it touches nothing that the update does not concern.
 #pragma once
 
+#include <deque>
+
 #include <ostrel/gui/grid/detail/GridArea.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
+#include <ostrel/platform/base/ThreadAnnotations.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -34,8 +37,9 @@ public:
         ContextType type = NoContext;
         long fieldId = kNoField;
     };
-    void Post(Posted const& update) const;
-    void OnPosted(LPARAM argument);
+    /// Any thread.
+    void Post(Posted const& update) OSTREL_EXCLUDES(m_lock);
+    void OnPosted() OSTREL_EXCLUDES(m_lock);
     void Update(Posted const& update);
 
     /// Milliseconds since the last update of the cell, or of the row where the cell has none; -1 for never.
@@ -48,5 +52,7 @@ private:
     void Reposition(GridArea& area, CGridItem& item);
 
     GridCore& m_core;
+    Platform::Mutex m_lock;
+    std::deque<Posted> m_posted OSTREL_GUARDED_BY(m_lock); ///< as many as there are messages on their way
 };
 } // namespace Ostrel::GUI::Detail

@@ -220,7 +220,7 @@ void GridView::InvalidateFrom(int row, ContextType type)
 
 void GridView::InvalidateCell(int row, ContextType type, long fieldId)
 {
-    if (fieldId < 0)
+    if (!IsField(fieldId))
     {
         InvalidateRow(row, type);
         return;

@@ -1,7 +1,10 @@
+#include <algorithm>
+
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/grid/detail/Dispatcher.h>
 #include <ostrel/gui/grid/detail/GridItem.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
+#include <ostrel/platform/base/ThreadId.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -14,6 +17,25 @@ std::uint64_t Hash(Common::CDataObject const* object) noexcept
     std::uint64_t bits = reinterpret_cast<std::uintptr_t>(object) >> 4U;
     bits *= 0x9E3779B97F4A7C15ULL;
     return bits ^ (bits >> 32U);
+}
+
+bool IsServedBy(DWORD thread, CGridItem const& item) noexcept
+{
+    return Dispatcher::HasOneThread() || Dispatcher::ServingThread(item.m_home) == thread;
+}
+
+template <class Predicate>
+ItemList Select(CGridItem* first, Predicate&& isWanted)
+{
+    ItemList items;
+    for (CGridItem* item = first; item != nullptr; item = item->m_nextOfObject)
+    {
+        if (isWanted(*item))
+        {
+            items.Append(item);
+        }
+    }
+    return items;
 }
 } // namespace
 
@@ -127,7 +149,7 @@ bool ObjectRegistry::UnlinkLocked(Common::CDataObject const* object, CGridItem& 
         return false;
     }
     EraseSlotLocked(place);
-    return m_dying != object;
+    return std::ranges::find(m_dying, object) == m_dying.end();
 }
 
 void ObjectRegistry::Register(Common::CDataObject* object, CGridItem& item)
@@ -150,7 +172,7 @@ void ObjectRegistry::Unregister(Common::CDataObject* object, CGridItem& item)
         Platform::MutexLock lock(m_lock);
         wasLast = UnlinkLocked(object, item);
     }
-    m_removals.fetch_add(1, std::memory_order_acq_rel);
+    m_changes.fetch_add(1, std::memory_order_acq_rel);
     if (wasLast)
     {
         object->RemoveSink(&Dispatcher::Instance());
@@ -177,21 +199,26 @@ void ObjectRegistry::Forget(Common::CDataObject const* object)
         item = next;
     }
     EraseSlotLocked(place);
-    m_removals.fetch_add(1, std::memory_order_acq_rel);
+    m_changes.fetch_add(1, std::memory_order_acq_rel);
 }
 
-ItemList ObjectRegistry::Items(Common::CDataObject const* object) const
+CGridItem* ObjectRegistry::FirstLocked(Common::CDataObject const* object) const noexcept
 {
-    ItemList items;
+    return object != nullptr && !m_slots.empty() ? m_slots[FindLocked(object)].first : nullptr;
+}
+
+ItemList ObjectRegistry::Items(Common::CDataObject const* object, DWORD home) const
+{
     Platform::MutexLock lock(m_lock);
-    if (!m_slots.empty())
-    {
-        for (CGridItem* item = m_slots[FindLocked(object)].first; item != nullptr; item = item->m_nextOfObject)
-        {
-            items.Append(item);
-        }
-    }
-    return items;
+    return Select(FirstLocked(object),
+                  [&](CGridItem const& item) { return Dispatcher::HasOneThread() || item.m_home == home; });
+}
+
+ItemList ObjectRegistry::ItemsServedHere(Common::CDataObject const* object) const
+{
+    DWORD const thread = GetCurrentThreadId();
+    Platform::MutexLock lock(m_lock);
+    return Select(FirstLocked(object), [&](CGridItem const& item) { return IsServedBy(thread, item); });
 }
 
 void ObjectRegistry::FetchSlots(std::span<Common::CDataObject const* const> objects) const
@@ -219,36 +246,60 @@ void ObjectRegistry::FindFirstRows(std::span<Common::CDataObject const* const> o
 bool ObjectRegistry::Contains(Common::CDataObject const* object) const
 {
     Platform::MutexLock lock(m_lock);
-    return object != nullptr && !m_slots.empty() && m_slots[FindLocked(object)].object != nullptr;
+    return FirstLocked(object) != nullptr;
 }
 
-bool ObjectRegistry::Contains(Common::CDataObject const* object, CGridItem const* item) const
+bool ObjectRegistry::IsServedHereLocked(Common::CDataObject const* object, CGridItem const* item) const
 {
-    Platform::MutexLock lock(m_lock);
-    if (object == nullptr || m_slots.empty())
-    {
-        return false;
-    }
-    CGridItem const* candidate = m_slots[FindLocked(object)].first;
+    CGridItem const* candidate = FirstLocked(object);
     while (candidate != nullptr && candidate != item)
     {
         candidate = candidate->m_nextOfObject;
     }
-    return candidate != nullptr;
+    return candidate != nullptr && IsServedBy(GetCurrentThreadId(), *candidate);
 }
 
-ObjectRegistry::RemovingScope::RemovingScope(Common::CDataObject const* object)
+bool ObjectRegistry::IsServedHere(Common::CDataObject const* object, CGridItem const* item) const
+{
+    Platform::MutexLock lock(m_lock);
+    return IsServedHereLocked(object, item);
+}
+
+std::vector<DWORD> ObjectRegistry::Homes(Common::CDataObject const* object) const
+{
+    std::vector<DWORD> homes;
+    Platform::MutexLock lock(m_lock);
+    for (CGridItem const* item = FirstLocked(object); item != nullptr; item = item->m_nextOfObject)
+    {
+        if (std::ranges::find(homes, item->m_home) == homes.end())
+        {
+            homes.push_back(item->m_home);
+        }
+    }
+    return homes;
+}
+
+void ObjectRegistry::SetHome(std::span<CGridItem* const> items, DWORD home)
+{
+    Platform::MutexLock lock(m_lock);
+    for (CGridItem* const item : items)
+    {
+        item->m_home = home;
+    }
+    m_changes.fetch_add(1, std::memory_order_acq_rel);
+}
+
+ObjectRegistry::RemovingScope::RemovingScope(Common::CDataObject const* object) : m_object(object)
 {
     ObjectRegistry& registry = Instance();
     Platform::MutexLock lock(registry.m_lock);
-    m_outer = registry.m_dying;
-    registry.m_dying = object;
+    registry.m_dying.push_back(object);
 }
 
 ObjectRegistry::RemovingScope::~RemovingScope()
 {
     ObjectRegistry& registry = Instance();
     Platform::MutexLock lock(registry.m_lock);
-    registry.m_dying = m_outer;
+    registry.m_dying.erase(std::ranges::find(registry.m_dying, m_object));
 }
 } // namespace Ostrel::GUI::Detail

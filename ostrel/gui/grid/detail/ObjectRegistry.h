@@ -3,7 +3,9 @@
 //
 // The dispatcher subscribes to an object with its first row and unsubscribes with its last one. Both calls are made
 // without the registry's lock, since the object takes its own. Rows are handed out as copies of a list, so that no code
-// of the application ever runs under the lock; Removals() tells whoever walks such a copy whether it is still good.
+// of the application ever runs under the lock; Changes() tells whoever walks such a copy whether it is still good.
+//
+// A row is touched by the thread of its home only, so each thread takes out of a list what it serves.
 #pragma once
 
 #include <atomic>
@@ -15,6 +17,7 @@
 #include <ostrel/gui/grid/GridItem.h>
 #include <ostrel/platform/base/LargePages.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
+#include <ostrel/platform/base/Types.h>
 
 namespace Ostrel::Common
 {
@@ -60,16 +63,35 @@ public:
     /// As Unregister, for an object that is going away and must not be called.
     void Forget(Common::CDataObject const* object) OSTREL_EXCLUDES(m_lock);
 
-    /// In the order of registration.
-    [[nodiscard]] ItemList Items(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+    /// Those of a home, or those that the calling thread serves, in the order of registration.
+    [[nodiscard]] ItemList Items(Common::CDataObject const* object, DWORD home) const OSTREL_EXCLUDES(m_lock);
+    [[nodiscard]] ItemList ItemsServedHere(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
     [[nodiscard]] bool Contains(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
     /// The first row of each object, null for none; and, before that, has what it reads brought into the cache.
     void FindFirstRows(std::span<Common::CDataObject const* const> objects, std::span<CGridItem*> rows) const
         OSTREL_EXCLUDES(m_lock);
     void FetchSlots(std::span<Common::CDataObject const* const> objects) const OSTREL_EXCLUDES(m_lock);
-    [[nodiscard]] bool Contains(Common::CDataObject const* object, CGridItem const* item) const OSTREL_EXCLUDES(m_lock);
-    /// Grows with every row that is unregistered.
-    [[nodiscard]] std::uint64_t Removals() const noexcept { return m_removals.load(std::memory_order_acquire); }
+    /// Whether the row still shows the object and is still served by the calling thread.
+    [[nodiscard]] bool IsServedHere(Common::CDataObject const* object, CGridItem const* item) const
+        OSTREL_EXCLUDES(m_lock);
+    /// Calls the function if so, under the lock: it may call nothing of the application.
+    template <class Function>
+    void WhileServedHere(Common::CDataObject const* object, CGridItem const* item, Function&& function) const
+        OSTREL_EXCLUDES(m_lock)
+    {
+        Platform::MutexLock const lock(m_lock);
+        if (IsServedHereLocked(object, item))
+        {
+            function();
+        }
+    }
+    /// Grows with every row that is unregistered or gets another home.
+    [[nodiscard]] std::uint64_t Changes() const noexcept { return m_changes.load(std::memory_order_acquire); }
+
+    /// The homes of the object's rows, each once.
+    [[nodiscard]] std::vector<DWORD> Homes(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+    /// Rows that the calling thread takes over.
+    void SetHome(std::span<CGridItem* const> items, DWORD home) OSTREL_EXCLUDES(m_lock);
 
     /// While rows of a dying object are being removed, it is not unsubscribed from.
     class RemovingScope
@@ -81,7 +103,7 @@ public:
         RemovingScope& operator=(RemovingScope const&) = delete;
 
     private:
-        Common::CDataObject const* m_outer;
+        Common::CDataObject const* m_object;
     };
 
 private:
@@ -99,12 +121,15 @@ private:
     void EraseSlotLocked(std::size_t place) noexcept OSTREL_REQUIRES(m_lock);
     bool LinkLocked(Common::CDataObject const* object, CGridItem& item) OSTREL_REQUIRES(m_lock);
     bool UnlinkLocked(Common::CDataObject const* object, CGridItem& item) noexcept OSTREL_REQUIRES(m_lock);
+    [[nodiscard]] CGridItem* FirstLocked(Common::CDataObject const* object) const noexcept OSTREL_REQUIRES(m_lock);
+    [[nodiscard]] bool IsServedHereLocked(Common::CDataObject const* object, CGridItem const* item) const
+        OSTREL_REQUIRES(m_lock);
 
     mutable Platform::Mutex m_lock;
     /// Open addressing with linear probing; the size is a power of two, at most three quarters are taken.
     std::vector<Slot, Platform::LargePageAllocator<Slot>> m_slots OSTREL_GUARDED_BY(m_lock);
     std::size_t m_objects OSTREL_GUARDED_BY(m_lock) = 0;
-    Common::CDataObject const* m_dying OSTREL_GUARDED_BY(m_lock) = nullptr;
-    std::atomic<std::uint64_t> m_removals{0};
+    std::vector<Common::CDataObject const*> m_dying OSTREL_GUARDED_BY(m_lock);
+    std::atomic<std::uint64_t> m_changes{0};
 };
 } // namespace Ostrel::GUI::Detail

@@ -17,5 +17,8 @@ struct PartSettings
     CEditInPlaceSettings editInPlace;
     CTooltipSettings tooltip;
     CTooltipSettings inPlaceTooltip;
+    // Not part of the archive.
+    bool enableTooltip = false;
+    bool enableInPlaceTooltip = true;
 };
 } // namespace Ostrel::GUI::Detail

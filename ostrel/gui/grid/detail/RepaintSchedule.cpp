@@ -43,7 +43,7 @@ void RepaintSchedule::RepaintRow(CGridItem& item, int delayMs)
 
 void RepaintSchedule::RepaintCell(CGridItem& item, long fieldId, int delayMs)
 {
-    if (fieldId < 0)
+    if (!IsField(fieldId))
     {
         RepaintRow(item, delayMs);
         return;

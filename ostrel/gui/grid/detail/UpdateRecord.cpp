@@ -68,6 +68,15 @@ void UpdateRecord::GiveBack(UpdateRecord* record) noexcept
     {}
 }
 
+UpdateRecord* UpdateRecord::Copy() const
+{
+    UpdateRecord* const copy = Take();
+    copy->object = object;
+    copy->fieldId = fieldId;
+    copy->snapshot = snapshot != nullptr ? std::make_unique<ValueCache>(*snapshot) : nullptr;
+    return copy;
+}
+
 std::unique_ptr<ValueCache> TakeSnapshot(Common::CDataObject& object, long fieldId)
 {
     std::set<long> fieldIds;

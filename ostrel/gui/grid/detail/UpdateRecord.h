@@ -18,6 +18,12 @@ namespace Ostrel::GUI::Detail
 inline constexpr long kAllFields = -1;
 inline constexpr long kNoField = -2;
 
+/// Whether the identifier names one field.
+constexpr bool IsField(long fieldId) noexcept
+{
+    return fieldId != kAllFields && fieldId != kNoField;
+}
+
 struct UpdateRecord
 {
     Common::CDataObject const* object = nullptr;
@@ -30,6 +36,7 @@ struct UpdateRecord
     /// Any thread.
     [[nodiscard]] static UpdateRecord* Take();
     static void GiveBack(UpdateRecord* record) noexcept;
+    [[nodiscard]] UpdateRecord* Copy() const;
 };
 
 /// Reads one field, or all of them, with their texts in the fields' own formats.
