@@ -129,7 +129,7 @@ public:
     /// The children of a row, ScrollableRoot or FixedRoot in display order, all or only the visible ones.
     std::vector<CGridItem*> GetChildren(CGridItem* item, bool onlyVisible) const;
     ///@{
-    /// Whether the row shows its children, if it has any. Of an object the row that GetItem gives.
+    /// Whether the row shows its children, if it has any. Of an object whether any of its rows does.
     bool IsExpanded(CGridItem* item) const;
     bool IsExpanded(Common::CDataObject const* object) const;
     ///@}
@@ -318,7 +318,7 @@ public:
     int GetLastVisibleRow(ContextType type) const;
     ///@{
     /// Scrolls the scrollable area so that the row is its first one, or as near as the last page allows. Nothing for a
-    /// row that is not there, not visible or fixed.
+    /// row that is not there, not visible or fixed. Of an object the first of its rows that can be scrolled to.
     void SetFirstVisibleRow(int row);
     void SetFirstVisibleItem(CGridItem* item);
     void SetFirstVisibleItem(Common::CDataObject const* object);
@@ -326,7 +326,7 @@ public:
 
     ///@{
     /// Scrolls the scrollable area just enough to show the row whole. Several calls between two paints become one.
-    /// Nothing for a row that is not there, not visible or fixed.
+    /// Nothing for a row that is not there, not visible or fixed. Of an object the first row that can be scrolled to.
     void EnsureVisible(int row);
     void EnsureVisible(CGridItem* item);
     void EnsureVisible(Common::CDataObject const* object);

@@ -1,4 +1,6 @@
 // The grid's operations on order, filter, selection and focus: each runs on the grid's thread, wherever it was called.
+#include <algorithm>
+
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/header/Header.h>
@@ -8,6 +10,16 @@ namespace Ostrel::GUI
 using Common::CDataObject;
 using Detail::GridOperation;
 using Items = std::vector<CGridItem*>;
+
+namespace
+{
+/// The object's first row that can be scrolled to, or null.
+CGridItem* FirstScrollableRow(CGrid const& grid, CDataObject const* object)
+{
+    Items const items = grid.GetHandles(object, true, ScrollableContext);
+    return items.empty() ? nullptr : items.front();
+}
+} // namespace
 
 // --- Sorting ---
 
@@ -223,7 +235,13 @@ bool CGrid::IsSelected(CGridItem* item) const
 
 bool CGrid::IsSelected(CDataObject const* object) const
 {
-    return m_core->Thread().Call<GridOperation::IsItemSelected>(false, [&]() { return IsSelected(GetItem(object)); });
+    return m_core->Thread().Call<GridOperation::IsItemSelected>(
+        false,
+        [&]()
+        {
+            return std::ranges::any_of(GetHandles(object, false, AllContexts),
+                                       [](CGridItem const* item) { return item->IsSelected(); });
+        });
 }
 
 int CGrid::GetSelectedCount() const
@@ -306,7 +324,8 @@ void CGrid::Navigate(NavigationKey key, bool shift, bool ctrl)
     m_core->Thread().Call<GridOperation::Navigate>(
         [&]()
         {
-            if (m_core->Scrollable().RowCount() > 0 && !m_core->Mouse().IsPressed())
+            bool const isPressed = m_core->Mouse().IsPressed() || GetKeyState(VK_LBUTTON) < 0;
+            if (m_core->Scrollable().RowCount() > 0 && !isPressed)
             {
                 (m_core->KeyManagerInUse().*key)(*this, shift, ctrl);
             }
@@ -382,7 +401,8 @@ void CGrid::SetFirstVisibleItem(CGridItem* item)
 
 void CGrid::SetFirstVisibleItem(CDataObject const* object)
 {
-    m_core->Thread().Call<GridOperation::SetFirstVisibleItem>([&]() { SetFirstVisibleItem(GetItem(object)); });
+    m_core->Thread().Call<GridOperation::SetFirstVisibleItem>(
+        [&]() { SetFirstVisibleItem(FirstScrollableRow(*this, object)); });
 }
 
 void CGrid::EnsureVisible(int row)
@@ -404,7 +424,7 @@ void CGrid::EnsureVisible(CGridItem* item)
 
 void CGrid::EnsureVisible(CDataObject const* object)
 {
-    m_core->Thread().Call<GridOperation::EnsureVisible>([&]() { EnsureVisible(GetItem(object)); });
+    m_core->Thread().Call<GridOperation::EnsureVisible>([&]() { EnsureVisible(FirstScrollableRow(*this, object)); });
 }
 
 bool CGrid::IsInVisibleRect(int row, ContextType type) const

@@ -1,4 +1,6 @@
 // The grid's operations on rows, cells, order and selection: each runs on the grid's thread, wherever it was called.
+#include <algorithm>
+
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/common/value/Value.h>
 #include <ostrel/gui/grid/Grid.h>
@@ -200,7 +202,13 @@ bool CGrid::IsExpanded(CGridItem* item) const
 
 bool CGrid::IsExpanded(CDataObject const* object) const
 {
-    return m_core->Thread().Call<GridOperation::IsExpanded>(false, [&]() { return IsExpanded(GetItem(object)); });
+    return m_core->Thread().Call<GridOperation::IsExpanded>(
+        false,
+        [&]()
+        {
+            return std::ranges::any_of(GetHandles(object, false, AllContexts),
+                                       [](CGridItem const* item) { return item->IsExpanded(); });
+        });
 }
 
 bool CGrid::IsVisible(CGridItem* item) const

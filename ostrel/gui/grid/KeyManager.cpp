@@ -118,7 +118,7 @@ void MoveTo(CGrid& grid, Target target, bool shift, bool ctrl, ShiftMeans shiftM
     {
         return;
     }
-    Position const old{grid.GetFocusedRow(), grid.GetFocusedContext()};
+    Position const old = NavigableFocus(grid);
     if (target->type == ScrollableContext)
     {
         grid.EnsureVisible(target->row);

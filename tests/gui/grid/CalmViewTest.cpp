@@ -13,9 +13,13 @@ class HideObject : public IGridFilter
 {
 public:
     bool AutoDelete() const override { return false; }
-    bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject* object) override { return object == hidden; }
+    bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject* object) override
+    {
+        return object == hidden || object == alsoHidden;
+    }
 
     Common::CDataObject* hidden = nullptr;
+    Common::CDataObject* alsoHidden = nullptr;
 };
 
 class CalmViewTest : public GridTest
@@ -80,6 +84,43 @@ TEST_F(CalmViewTest, WhatGoesHandsOverToItsNeighbour)
     filter.hidden = nullptr;
     Grid().UpdateFilter();
     EXPECT_EQ(FirstAndFocus(), "row51 row54");
+    Grid().SetFilter(nullptr);
+}
+
+TEST_F(CalmViewTest, WhatIsHiddenHandsOverToWhatIsSeenInItsPlace)
+{
+    Start(true);
+    HideObject filter;
+    filter.hidden = &grid.Object("row50");
+    filter.alsoHidden = &grid.Object("row0");
+    Grid().SetFilter(&filter);
+    EXPECT_EQ(FirstAndFocus(), "row51 row52") << "a change far above does not scroll";
+    Grid().SetFocusedRow(static_cast<int>(Grid().GetRowCount(ScrollableContext)) - 1, ScrollableContext);
+    filter.hidden = &grid.Object("row99");
+    filter.alsoHidden = nullptr;
+    Grid().UpdateFilter();
+    EXPECT_EQ(FirstAndFocus(), "row51 row98") << "rows that came back above do not matter";
+    Grid().SetFilter(nullptr);
+    Grid().MoveAfter(Item("row98"), Item("row97"), LastPosition);
+    EXPECT_EQ(FirstAndFocus(), "row51 row97") << "the collapsed row that it went below";
+    Grid().Expand(Item("row97"), false);
+    Grid().SetFirstVisibleItem(Item("row60"));
+    Grid().SetFocusedRow(Grid().GetRow(&grid.Object("row98")), ScrollableContext);
+    Grid().Collapse(ScrollableRoot, true);
+    EXPECT_EQ(FirstAndFocus(), "row60 row97");
+}
+
+TEST_F(CalmViewTest, BothAreasAreFilteredBeforeTheFocusGoes)
+{
+    grid.AddFixed({.name = "fixed0"});
+    grid.AddFixed({.name = "fixed1"});
+    Grid().SetFocusedRow(1, FixedContext);
+    Told();
+    HideObject filter;
+    filter.hidden = &grid.Object("fixed0");
+    filter.alsoHidden = &grid.Object("row5");
+    Grid().SetFilter(&filter);
+    EXPECT_EQ(Told(), "ItemFiltered fixed0 hidden; ItemFiltered row5 hidden; FocusChanged fixed1 lost");
     Grid().SetFilter(nullptr);
 }
 

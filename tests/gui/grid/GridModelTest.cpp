@@ -1,11 +1,21 @@
 // Two grids that exchange rows, against the row model in its most naive form: after every one of thousands of random
-// operations the order, the row numbers, the selection, the focus and all that the parents were told must be the same.
+// operations, some of them made by another thread, the order, the row numbers, the selection, the focus, the first row
+// and all that the parents were told must be the same.
+//
+// OSTREL_MODEL_SEEDS and OSTREL_MODEL_OPERATIONS ask for more seeds and longer sequences.
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <numeric>
 #include <random>
 
-#include <ostrel/gui/grid/IGridFilter.h>
+#include <gtest/gtest.h>
 
-#include "../model/ReferenceRows.h"
-#include "GridFixture.h"
+#include <ostrel/gui/grid/IGridFilter.h>
+#include <ostrel/gui/header/SortInfo.h>
+#include <ostrel/testing/Workers.h>
+
+#include "ModelSide.h"
 
 namespace Ostrel::Testing
 {
@@ -14,10 +24,14 @@ namespace
 using namespace GUI;
 using GUI::Detail::ReferenceRow;
 using GUI::Detail::ReferenceRows;
-using GUI::Detail::RowEvent;
-using GUI::Detail::RowEventKind;
 
 constexpr long kKeyFields[] = {TestObject::Quantity, TestObject::Volume};
+
+unsigned FromEnvironment(char const* name, unsigned otherwise)
+{
+    char const* const value = std::getenv(name);
+    return value != nullptr ? static_cast<unsigned>(std::strtoul(value, nullptr, 10)) : otherwise;
+}
 
 class RemainderFilter : public IGridFilter
 {
@@ -34,88 +48,12 @@ private:
     int m_hiddenRemainder;
 };
 
-std::string NameOf(CGridItem const* item)
-{
-    return static_cast<TestObject*>(item->Object())->GetName();
-}
-
-/// A grid and what it should be like.
-class Side
-{
-public:
-    Side(Driver& driver, std::string const& title) : window(driver, {.title = title}) {}
-
-    CGrid& Grid() { return window.Grid(); }
-    ReferenceRows& Area(ContextType type) { return type == FixedContext ? fixed : scrollable; }
-    void Expect(std::string const& line) { expected.push_back(line); }
-
-    /// What the model's operations on an area have to say.
-    void ExpectEvents(ReferenceRows& area)
-    {
-        for (RowEvent const& event : std::exchange(area.events, {}))
-        {
-            std::string const name = NameOf(event.item);
-            CGridItem* const item = event.item;
-            switch (event.kind)
-            {
-            case RowEventKind::ExpandedChanged:
-                Expect("ItemExpanded " + name + (item->IsExpanded() ? " expanded" : " collapsed"));
-                break;
-            case RowEventKind::Shown:
-                Expect("ItemShown " + name);
-                break;
-            case RowEventKind::Filtered:
-                Expect("ItemFiltered " + name + (area.IsHidden(*item) ? " hidden" : " shown"));
-                break;
-            }
-        }
-    }
-    void LoseFocus()
-    {
-        if (focused != nullptr)
-        {
-            Expect("FocusChanged " + NameOf(std::exchange(focused, nullptr)) + " lost");
-        }
-    }
-    /// An operation that hides rows takes the focus of a row whose number changes.
-    void ExpectFocusAfter(ReferenceRows& area, std::vector<CGridItem*> const& before)
-    {
-        std::vector<CGridItem*> const after = area.VisibleRows();
-        auto const rowIn = [](std::vector<CGridItem*> const& rows, CGridItem* item)
-        {
-            auto const found = std::ranges::find(rows, item);
-            return found != rows.end() ? static_cast<int>(found - rows.begin()) : -1;
-        };
-        int const row = rowIn(before, focused);
-        bool const hasHidden = std::ranges::any_of(before, [&](CGridItem* item) { return rowIn(after, item) < 0; });
-        if (row >= 0 && hasHidden && rowIn(after, focused) != row)
-        {
-            LoseFocus();
-        }
-    }
-    /// Does something to the model of an area, with all that follows.
-    template <class Change>
-    void Run(ReferenceRows& area, Change const& change)
-    {
-        std::vector<CGridItem*> const before = area.VisibleRows();
-        change();
-        ExpectEvents(area);
-        ExpectFocusAfter(area, before);
-    }
-
-    GridWindow window;
-    ReferenceRows fixed;
-    ReferenceRows scrollable;
-    CGridItem* focused = nullptr;
-    std::vector<std::string> expected;
-};
-
 class GridModelTest : public testing::TestWithParam<unsigned>
 {
 protected:
     struct Row
     {
-        Side* side = nullptr;
+        ModelSide* side = nullptr;
         ContextType type = NoContext;
         ReferenceRow* row = nullptr;
 
@@ -131,11 +69,16 @@ protected:
         CGridItem* after = LastPosition;
         std::size_t position = 0;
     };
+    struct Detached
+    {
+        ReferenceRow* row;
+        ReferenceRows* owner;
+    };
 
     int Pick(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); }
     Row PickRoot()
     {
-        Side& side = Pick(2) == 0 ? a : b;
+        ModelSide& side = Pick(2) == 0 ? a : b;
         ContextType const type = Pick(4) == 0 ? FixedContext : ScrollableContext;
         return {&side, type, &side.Area(type).root};
     }
@@ -149,41 +92,29 @@ protected:
     }
     Place PickPlace()
     {
-        Row parent = Pick(3) == 0 ? PickRoot() : PickRow();
+        Row const parent = Pick(3) == 0 ? PickRoot() : PickRow();
         return PlaceBelow(parent.row != nullptr ? parent : PickRoot());
     }
-    Place PlaceBelow(Row parent)
+    Place PlaceBelow(Row parent);
+
+    /// Does it, now and then, on another thread, which waits for the grid's.
+    template <class Operation>
+    void Do(Operation const& operation)
     {
-        auto const& children = parent.row->children;
-        int const count = static_cast<int>(children.size());
-        switch (int const choice = Pick(3); children.empty() ? 0 : choice)
+        if (Pick(60) != 0)
         {
-        case 0:
-            return {parent, LastPosition, children.size()};
-        case 1:
-            return {parent, FirstPosition, 0};
-        default: {
-            auto const at = static_cast<std::size_t>(Pick(count));
-            return {parent, children[at]->item, at + 1};
+            operation();
+            return;
         }
-        }
-    }
-    static ReferenceRow& Transfer(ReferenceRow const& row, ReferenceRows& to)
-    {
-        ReferenceRow& copy = to.NewRow(row.item, row.keys[0], row.keys[1]);
-        copy.isExpanded = row.isExpanded;
-        copy.isSelected = row.isSelected;
-        for (ReferenceRow const* const child : row.children)
-        {
-            ReferenceRow& childCopy = Transfer(*child, to);
-            childCopy.parent = &copy;
-            copy.children.push_back(&childCopy);
-        }
-        return copy;
+        Workers workers;
+        workers.Add("worker", operation);
+        workers.Run();
     }
 
     void Add();
-    void DeleteRow();
+    void Delete();
+    void DeleteObject();
+    void DeleteAll();
     void Detach();
     void Attach();
     void Move();
@@ -192,78 +123,189 @@ protected:
     void Sort();
     void Update();
     void Select();
+    void SelectAllOrNone();
     void Focus();
+    void Scroll();
+    void ChangeView();
     void Step();
-    void Check(Side& side);
-    void CheckArea(Side& side, ContextType type);
+    void Check(ModelSide& side, bool whole);
+    void CheckArea(ModelSide& side, ContextType type, bool whole);
 
-    struct Detached
-    {
-        ReferenceRow* row;
-        ReferenceRows* owner;
-    };
+    /// Where a row is; side null for a detached one.
+    Row Find(CGridItem const* item);
+    /// The rows of the objects are gone, or will be.
+    void ForgetHandles(ReferenceRow const& top);
+    void RemoveDetached(CGridItem const* item);
 
     std::mt19937 random{GetParam()};
     Driver driver;
     std::vector<std::unique_ptr<TestObject>> objects; // outlive the grids' rows
+    std::map<Common::CDataObject const*, std::vector<CGridItem*>> handles;
     RemainderFilter filters[3]{RemainderFilter(0), RemainderFilter(1), RemainderFilter(2)};
-    Side a{driver, "A"};
-    Side b{driver, "B"};
+    ModelSide a{driver, "A"};
+    ModelSide b{driver, "B"};
     std::vector<Detached> detached;
     int nextName = 0;
 };
 
+GridModelTest::Place GridModelTest::PlaceBelow(Row parent)
+{
+    auto const& children = parent.row->children;
+    int const count = static_cast<int>(children.size());
+    switch (int const choice = Pick(3); children.empty() ? 0 : choice)
+    {
+    case 0:
+        return {parent, LastPosition, children.size()};
+    case 1:
+        return {parent, FirstPosition, 0};
+    default: {
+        auto const at = static_cast<std::size_t>(Pick(count));
+        return {parent, children[at]->item, at + 1};
+    }
+    }
+}
+
+GridModelTest::Row GridModelTest::Find(CGridItem const* item)
+{
+    for (ModelSide* const side : {&a, &b})
+    {
+        for (ContextType const type : {FixedContext, ScrollableContext})
+        {
+            std::vector<ReferenceRow*> const rows = side->Area(type).AllRows();
+            auto const found = std::ranges::find(rows, item, &ReferenceRow::item);
+            if (found != rows.end())
+            {
+                return {side, type, *found};
+            }
+        }
+    }
+    return {};
+}
+
+void GridModelTest::ForgetHandles(ReferenceRow const& top)
+{
+    std::erase(handles[top.item->Object()], top.item);
+    std::ranges::for_each(top.children, [this](ReferenceRow const* child) { ForgetHandles(*child); });
+}
+
+void GridModelTest::RemoveDetached(CGridItem const* item)
+{
+    for (auto each = detached.begin(); each != detached.end(); ++each)
+    {
+        std::vector<ReferenceRow*> rows{each->row};
+        for (std::size_t i = 0; i < rows.size(); ++i)
+        {
+            std::vector<ReferenceRow*> const children = rows[i]->children;
+            rows.insert(rows.end(), children.begin(), children.end());
+        }
+        auto const found = std::ranges::find(rows, item, &ReferenceRow::item);
+        if (found == rows.end())
+        {
+            continue;
+        }
+        ForgetHandles(**found);
+        if (*found != each->row)
+        {
+            std::erase((*found)->parent->children, *found);
+        }
+        each->owner->Forget(**found);
+        if (found == rows.begin())
+        {
+            detached.erase(each);
+        }
+        return;
+    }
+}
+
 void GridModelTest::Add()
 {
     Place const place = PickPlace();
-    if (place.parent.Area().AllRows().size() > 40)
+    bool const isNew = objects.empty() || (Pick(4) != 0 && objects.size() < 100);
+    if (place.parent.Area().AllRows().size() > 60)
     {
         return;
     }
-    int const keys[] = {Pick(9), Pick(4)};
-    std::string const name = "n" + std::to_string(nextName++);
-    objects.push_back(std::make_unique<TestObject>(TestRow{.name = name, .quantity = keys[0], .volume = keys[1]}));
-    Side& side = *place.parent.side;
-    CGridItem* const item = side.Grid().Add(objects.back().get(), place.parent.Handle(), place.after);
+    if (isNew)
+    {
+        int const quantity = Pick(9);
+        int const volume = Pick(4);
+        std::string name("n");
+        name += std::to_string(nextName++);
+        objects.push_back(std::make_unique<TestObject>(TestRow{.name = name, .quantity = quantity, .volume = volume}));
+    }
+    TestObject& object =
+        isNew ? *objects.back() : *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
+    ModelSide& side = *place.parent.side;
+    CGridItem* item = nullptr;
+    Do([&]() { item = side.Grid().Add(&object, place.parent.Handle(), place.after); });
     ASSERT_NE(item, nullptr);
+    handles[&object].push_back(item);
     ReferenceRows& area = place.parent.Area();
-    side.Run(area, [&]() { area.Insert(area.NewRow(item, keys[0], keys[1]), *place.parent.row, place.position); });
-    side.Expect("ItemAdded " + name);
+    ReferenceRow& row = area.NewRow(item, static_cast<int>(object.GetQuantity()), static_cast<int>(object.GetVolume()));
+    side.Insert(area, row, *place.parent.row, place.position);
+    side.Expect("ItemAdded " + object.GetName());
 }
 
-void GridModelTest::DeleteRow()
+void GridModelTest::Delete()
 {
     Row const row = PickRow();
     if (row.row == nullptr)
     {
         return;
     }
-    ReferenceRows& area = row.Area();
-    auto const all = area.AllRows();
-    if (std::ranges::any_of(all, [&](auto* each) { return each->item == row.side->focused; }))
+    CGridItem* const item = row.row->item;
+    ForgetHandles(*row.row);
+    row.side->Delete(row.Area(), *row.row);
+    Do([&]() { EXPECT_TRUE(row.side->Grid().Delete(item)); });
+    EXPECT_FALSE(row.side->Grid().Exists(item));
+}
+
+// With all its rows, in the order in which they were made, wherever they are.
+void GridModelTest::DeleteObject()
+{
+    if (objects.empty())
     {
-        row.side->LoseFocus();
+        return;
     }
-    for (auto each = all.rbegin(); each != all.rend(); ++each)
+    auto const at = objects.begin() + Pick(static_cast<int>(objects.size()));
+    for (CGridItem* const item : std::vector<CGridItem*>(handles[at->get()]))
     {
-        if (ReferenceRows::IsInSubtree(*row.row, *each))
+        if (std::ranges::find(handles[at->get()], item) == handles[at->get()].end())
         {
-            row.side->Expect("ItemDeleting " + NameOf((*each)->item));
+            continue; // it went with a row above it
+        }
+        if (Row const row = Find(item); row.side != nullptr)
+        {
+            ForgetHandles(*row.row);
+            row.side->Delete(row.Area(), *row.row);
+        }
+        else
+        {
+            RemoveDetached(item);
         }
     }
-    CGridItem* const item = row.row->item;
-    bool const endsObject = row.row->isVisible && Pick(2) == 0;
-    area.Remove(*row.row);
-    area.Forget(*row.row);
-    if (endsObject)
+    handles.erase(at->get());
+    Do([&]() { at->reset(); });
+    objects.erase(at);
+}
+
+void GridModelTest::DeleteAll()
+{
+    if (Pick(4) != 0)
     {
-        std::erase_if(objects, [&, object = item->Object()](auto const& each) { return each.get() == object; });
+        return; // it leaves nothing to work with for a while
     }
-    else
+    ModelSide& side = Pick(2) == 0 ? a : b;
+    auto const mask = static_cast<ContextType>(Pick(4));
+    for (ContextType const type : {FixedContext, ScrollableContext})
     {
-        EXPECT_TRUE(row.side->Grid().Delete(item));
+        if (HasContext(mask, type))
+        {
+            std::ranges::for_each(side.Area(type).root.children, [this](auto const* row) { ForgetHandles(*row); });
+        }
     }
-    EXPECT_FALSE(row.side->Grid().Exists(item));
+    side.DeleteAll(mask);
+    Do([&]() { side.Grid().DeleteAll(mask); });
 }
 
 void GridModelTest::Detach()
@@ -273,10 +315,9 @@ void GridModelTest::Detach()
     {
         return;
     }
-    row.side->Expect("ItemDetaching " + NameOf(row.row->item));
-    row.side->LoseFocus();
-    EXPECT_TRUE(row.side->Grid().Detach(row.row->item));
-    row.Area().Remove(*row.row);
+    CGridItem* const item = row.row->item;
+    Do([&]() { EXPECT_TRUE(row.side->Grid().Detach(item)); });
+    row.side->Detach(row.Area(), *row.row);
     detached.push_back({row.row, &row.Area()});
 }
 
@@ -289,7 +330,7 @@ void GridModelTest::Attach()
     Detached const last = detached.back();
     detached.pop_back();
     Place const place = PickPlace();
-    Side& side = *place.parent.side;
+    ModelSide& side = *place.parent.side;
     ReferenceRows& area = place.parent.Area();
     CGridItem* const item = last.row->item;
     ReferenceRow* row = last.row;
@@ -298,8 +339,8 @@ void GridModelTest::Attach()
         row = &Transfer(*last.row, area);
         last.owner->Forget(*last.row);
     }
-    EXPECT_TRUE(side.Grid().Attach(item, place.parent.Handle(), place.after));
-    side.Run(area, [&]() { area.Insert(*row, *place.parent.row, place.position); });
+    Do([&]() { EXPECT_TRUE(side.Grid().Attach(item, place.parent.Handle(), place.after)); });
+    side.Insert(area, *row, *place.parent.row, place.position);
     side.Expect("ItemAttached " + NameOf(item));
 }
 
@@ -310,8 +351,8 @@ void GridModelTest::Move()
     {
         return;
     }
-    Side& side = *row.side;
-    Row parent = Pick(2) == 0 ? Row{&side, row.type, row.row->parent} : PickRow();
+    ModelSide& side = *row.side;
+    Row const parent = Pick(2) == 0 ? Row{&side, row.type, row.row->parent} : PickRow();
     if (parent.side != &side || parent.row == nullptr)
     {
         return;
@@ -333,24 +374,18 @@ void GridModelTest::Move()
     {
         position -= row.row->parent == parent.row ? 1 : 0;
     }
-    bool const hasMoved = before ? side.Grid().MoveBefore(item, parent.Handle(), place.after)
-                                 : side.Grid().MoveAfter(item, parent.Handle(), place.after);
+    bool hasMoved = false;
+    Do(
+        [&]()
+        {
+            hasMoved = before ? side.Grid().MoveBefore(item, parent.Handle(), place.after)
+                              : side.Grid().MoveAfter(item, parent.Handle(), place.after);
+        });
     ASSERT_EQ(hasMoved, isPossible);
-    if (!isPossible)
+    if (isPossible)
     {
-        return;
+        side.Move(row.Area(), *row.row, parent.Area(), *parent.row, position);
     }
-    side.Expect("ItemDetaching " + NameOf(item));
-    side.LoseFocus();
-    row.Area().Remove(*row.row);
-    ReferenceRow* moved = row.row;
-    if (parent.type != row.type)
-    {
-        moved = &Transfer(*row.row, parent.Area());
-        row.Area().Forget(*row.row);
-    }
-    side.Run(parent.Area(), [&]() { parent.Area().Insert(*moved, *parent.row, position); });
-    side.Expect("ItemAttached " + NameOf(item));
 }
 
 void GridModelTest::ExpandOrCollapse()
@@ -361,93 +396,74 @@ void GridModelTest::ExpandOrCollapse()
         return;
     }
     bool const recursive = Pick(3) == 0;
-    if (Pick(5) < 3)
-    {
-        row.side->Grid().Expand(row.Handle(), recursive);
-        row.side->Run(row.Area(), [&]() { row.Area().Expand(*row.row, recursive); });
-    }
-    else
-    {
-        row.side->Grid().Collapse(row.Handle(), recursive);
-        row.side->Run(row.Area(), [&]() { row.Area().Collapse(*row.row, recursive); });
-    }
+    bool const expand = Pick(5) < 3;
+    CGrid& grid = row.side->Grid();
+    Do([&]() { expand ? grid.Expand(row.Handle(), recursive) : grid.Collapse(row.Handle(), recursive); });
+    row.side->ExpandOrCollapse(row.Area(), *row.row, expand, recursive);
 }
 
 void GridModelTest::Filter()
 {
-    Side& side = Pick(2) == 0 ? a : b;
+    ModelSide& side = Pick(2) == 0 ? a : b;
     int const remainder = Pick(5);
-    side.Grid().SetFilter(remainder < 3 ? &filters[remainder] : nullptr);
-    bool const isFollowed = remainder < 3 || side.fixed.hiddenRemainder >= 0;
-    for (ReferenceRows* const area : {&side.fixed, &side.scrollable})
+    IGridFilter* const filter = remainder < 3 ? &filters[remainder] : nullptr;
+    IGridFilter* const previous = side.Grid().GetFilter();
+    IGridFilter* replaced = nullptr;
+    Do([&]() { replaced = side.Grid().SetFilter(filter); });
+    EXPECT_EQ(replaced, previous);
+    if (filter != nullptr || previous != nullptr)
     {
-        area->hiddenRemainder = remainder < 3 ? remainder : -1;
-        side.Run(*area, [&]() { area->ApplyFilter(); });
-    }
-    if (isFollowed)
-    {
-        side.LoseFocus();
+        side.Filter(filter != nullptr ? remainder : -1);
     }
 }
 
 void GridModelTest::Sort()
 {
-    Side& side = Pick(2) == 0 ? a : b;
+    ModelSide& side = Pick(2) == 0 ? a : b;
     std::vector<GUI::Detail::SortLevel> levels;
-    side.Grid().ResetSort(true);
     int const count = Pick(4);
     for (int level = 0; level < count; ++level)
     {
         int const key = Pick(2);
         bool const descending = Pick(2) == 0;
-        side.Grid().SetSort(level, CSortInfo(kKeyFields[key], descending), true);
         levels.push_back({key, descending});
-        for (ReferenceRows* const area : {&side.fixed, &side.scrollable})
+    }
+    Do(
+        [&]()
         {
-            area->levels = levels;
-            area->Sort();
-        }
-    }
-    if (levels.empty())
-    {
-        side.fixed.levels.clear();
-        side.scrollable.levels.clear();
-    }
+            side.Grid().ResetSort(true);
+            for (int level = 0; level < count; ++level)
+            {
+                auto const& [key, descending] = levels[static_cast<std::size_t>(level)];
+                side.Grid().SetSort(level, CSortInfo(kKeyFields[key], descending), true);
+            }
+        });
+    side.Sort(levels);
 }
 
 void GridModelTest::Update()
 {
-    Row const row = PickRow();
-    if (row.row == nullptr)
+    Row const shown = PickRow();
+    if (shown.row == nullptr)
     {
         return;
     }
-    auto* const object = static_cast<TestObject*>(row.row->item->Object());
+    auto& object = static_cast<TestObject&>(*shown.row->item->Object());
     int const key = Pick(2);
     int const value = Pick(9);
-    row.row->keys[key] = value;
-    key == 0 ? object->SetQuantity(value) : object->SetVolume(value);
+    Do([&]() { key == 0 ? object.SetQuantity(value) : object.SetVolume(value); });
     driver.RunUntilIdle();
-
-    ReferenceRows& area = row.Area();
-    std::vector<CGridItem*> const before = area.VisibleRows();
-    bool const wasVisible = row.row->isVisible;
-    row.side->Run(area, [&]() { area.ApplyFilterTo(*row.row); });
-    if (wasVisible != row.row->isVisible)
+    for (ReferenceRows* const area : {&a.fixed, &a.scrollable, &b.fixed, &b.scrollable})
     {
-        row.side->LoseFocus();
+        area->SetValue(object, key, value);
     }
-    auto const siblingsBefore = row.row->parent->children;
-    if (!area.levels.empty())
+    for (CGridItem* const item : handles[&object])
     {
-        area.Reposition(*row.row);
+        if (Row const row = Find(item); row.side != nullptr)
+        {
+            row.side->Update(row.Area(), *row.row);
+        }
     }
-    if (row.row->parent->children != siblingsBefore)
-    {
-        row.side->LoseFocus();
-        row.side->Expect("ItemMoved " + object->GetName());
-    }
-    row.side->Expect("ItemUpdated " + object->GetName());
 }
 
 void GridModelTest::Select()
@@ -457,59 +473,76 @@ void GridModelTest::Select()
     {
         return;
     }
-    if (Pick(12) == 0)
-    {
-        row.side->Grid().ClearSelection();
-        for (ContextType const type : {FixedContext, ScrollableContext})
-        {
-            for (ReferenceRow* const each : row.side->Area(type).AllRows())
-            {
-                if (std::exchange(each->isSelected, false))
-                {
-                    row.side->Expect("SelectionChanged " + NameOf(each->item) + " deselected");
-                }
-            }
-        }
-        return;
-    }
     bool const select = Pick(4) != 0;
-    row.side->Grid().Select(row.row->item, select);
-    if (row.row->isSelected != select && (row.row->isVisible || !select))
-    {
-        row.row->isSelected = select;
-        row.side->Expect("SelectionChanged " + NameOf(row.row->item) + (select ? " selected" : " deselected"));
-    }
+    Do([&]() { EXPECT_TRUE(row.side->Grid().Select(row.row->item, select)); });
+    row.side->Select(*row.row, select);
+}
+
+void GridModelTest::SelectAllOrNone()
+{
+    ModelSide& side = Pick(2) == 0 ? a : b;
+    bool const all = Pick(3) == 0;
+    Do([&]() { all ? side.Grid().SelectAll() : side.Grid().ClearSelection(); });
+    all ? side.SelectAll() : side.ClearSelection();
 }
 
 void GridModelTest::Focus()
 {
     Row const root = PickRoot();
     std::vector<CGridItem*> const rows = root.Area().VisibleRows();
-    int const row = Pick(12) - 1;
+    int const row = Pick(24) - 1;
     bool const exists = row >= 0 && row < static_cast<int>(rows.size());
-    EXPECT_EQ(root.side->Grid().SetFocusedRow(row, root.type), exists);
-    CGridItem* const item = exists ? rows[static_cast<std::size_t>(row)] : nullptr;
-    if (item != nullptr && item != root.side->focused)
+    Do([&]() { EXPECT_EQ(root.side->Grid().SetFocusedRow(row, root.type), exists); });
+    if (exists)
     {
-        root.side->LoseFocus();
-        root.side->focused = item;
-        root.side->Expect("FocusChanged " + NameOf(item) + " gained");
+        root.side->Focus(rows[static_cast<std::size_t>(row)]);
     }
+}
+
+void GridModelTest::Scroll()
+{
+    ModelSide& side = Pick(2) == 0 ? a : b;
+    int const row = Pick(40);
+    Do([&]() { side.Grid().SetFirstVisibleRow(row); });
+    side.SetFirstRow(row);
+}
+
+void GridModelTest::ChangeView()
+{
+    ModelSide& side = Pick(2) == 0 ? a : b;
+    side.isCalm = Pick(2) == 0;
+    Do([&]() { side.Grid().SetCalmView(side.isCalm); });
 }
 
 void GridModelTest::Step()
 {
-    using Operation = void (GridModelTest::*)();
+    using Self = GridModelTest;
+    struct Operation
+    {
+        int share;
+        void (Self::*perform)();
+    };
     constexpr Operation kOperations[] = {
-        &GridModelTest::Add,    &GridModelTest::Add,    &GridModelTest::Add,    &GridModelTest::DeleteRow,
-        &GridModelTest::Detach, &GridModelTest::Attach, &GridModelTest::Attach, &GridModelTest::Move,
-        &GridModelTest::Filter, &GridModelTest::Sort,   &GridModelTest::Update, &GridModelTest::Update,
-        &GridModelTest::Select, &GridModelTest::Focus,  &GridModelTest::Update, &GridModelTest::ExpandOrCollapse,
-        &GridModelTest::Select, &GridModelTest::Focus,  &GridModelTest::Move,   &GridModelTest::ExpandOrCollapse};
-    (this->*kOperations[Pick(static_cast<int>(std::size(kOperations)))])();
+        {60, &Self::Add},    {8, &Self::Delete},  {8, &Self::DeleteObject}, {1, &Self::DeleteAll},
+        {14, &Self::Detach}, {26, &Self::Attach}, {30, &Self::Move},        {34, &Self::ExpandOrCollapse},
+        {12, &Self::Filter}, {12, &Self::Sort},   {44, &Self::Update},      {30, &Self::Select},
+        {35, &Self::Focus},  {14, &Self::Scroll}, {3, &Self::ChangeView},   {3, &Self::SelectAllOrNone}};
+    static int const shares =
+        std::accumulate(std::begin(kOperations), std::end(kOperations), 0,
+                        [](int sum, Operation const& operation) { return sum + operation.share; });
+    int choice = Pick(shares);
+    for (Operation const& operation : kOperations)
+    {
+        choice -= operation.share;
+        if (choice < 0)
+        {
+            (this->*operation.perform)();
+            return;
+        }
+    }
 }
 
-void GridModelTest::CheckArea(Side& side, ContextType type)
+void GridModelTest::CheckArea(ModelSide& side, ContextType type, bool whole)
 {
     ReferenceRows& area = side.Area(type);
     std::vector<CGridItem*> const rows = area.VisibleRows();
@@ -519,6 +552,11 @@ void GridModelTest::CheckArea(Side& side, ContextType type)
         ASSERT_EQ(side.Grid().GetItem(static_cast<int>(row), type), rows[row]);
         ASSERT_EQ(side.Grid().GetRow(rows[row]), static_cast<int>(row));
     }
+    ASSERT_EQ(side.Grid().GetSelection(type), area.SelectedRows(true));
+    if (!whole)
+    {
+        return;
+    }
     for (ReferenceRow const* const row : area.AllRows())
     {
         std::vector<CGridItem*> children;
@@ -526,44 +564,46 @@ void GridModelTest::CheckArea(Side& side, ContextType type)
         ASSERT_EQ(side.Grid().GetChildren(row->item, false), children) << NameOf(row->item);
         ASSERT_EQ(side.Grid().IsExpanded(row->item), row->isExpanded) << NameOf(row->item);
     }
-    ASSERT_EQ(side.Grid().GetSelection(type), area.SelectedRows(true));
 }
 
-void GridModelTest::Check(Side& side)
+void GridModelTest::Check(ModelSide& side, bool whole)
 {
-    for (ContextType const type : {FixedContext, ScrollableContext})
-    {
-        ASSERT_NO_FATAL_FAILURE(CheckArea(side, type));
-    }
-    ASSERT_EQ(side.Grid().GetSelectedCount(),
-              std::ssize(side.fixed.SelectedRows(false)) + std::ssize(side.scrollable.SelectedRows(false)));
-    ASSERT_EQ(side.Grid().GetItem(side.Grid().GetFocusedRow(), side.Grid().GetFocusedContext()), side.focused);
     std::vector<std::string> told = side.window.Notifications().Lines();
     side.window.Notifications().Clear();
     std::erase(told, "SortUpdated");
     ASSERT_EQ(told, std::exchange(side.expected, {}));
+    for (ContextType const type : {FixedContext, ScrollableContext})
+    {
+        ASSERT_NO_FATAL_FAILURE(CheckArea(side, type, whole));
+    }
+    ASSERT_EQ(side.Grid().GetSelectedCount(),
+              std::ssize(side.fixed.SelectedRows(false)) + std::ssize(side.scrollable.SelectedRows(false)));
+    ASSERT_EQ(side.Grid().GetItem(side.Grid().GetFocusedRow(), side.Grid().GetFocusedContext()), side.focused);
+    ASSERT_EQ(side.Grid().GetFirstVisibleRow(), side.scrollable.VisibleRows().empty() ? -1 : side.firstRow);
 }
 
 TEST_P(GridModelTest, BothGridsAreWhatTheModelSays)
 {
-    for (int step = 0; step < 5000; ++step)
+    int const operations = static_cast<int>(FromEnvironment("OSTREL_MODEL_OPERATIONS", 20000));
+    for (int operation = 0; operation < operations; ++operation)
     {
-        ASSERT_NO_FATAL_FAILURE(Step()) << "step " << step;
-        ASSERT_NO_FATAL_FAILURE(Check(a)) << "step " << step;
-        ASSERT_NO_FATAL_FAILURE(Check(b)) << "step " << step;
-        if (step % 50 == 0)
+        bool const whole = operation % 8 == 0;
+        ASSERT_NO_FATAL_FAILURE(Step()) << "operation " << operation;
+        ASSERT_NO_FATAL_FAILURE(Check(a, whole)) << "operation " << operation;
+        ASSERT_NO_FATAL_FAILURE(Check(b, whole)) << "operation " << operation;
+        if (operation % 50 == 0)
         {
             driver.RunUntilIdle();
         }
     }
     objects.clear();
-    for (Side* const side : {&a, &b})
+    for (ModelSide* const side : {&a, &b})
     {
         EXPECT_EQ(side->Grid().GetRowCount(FixedContext) + side->Grid().GetRowCount(ScrollableContext), 0U);
         side->Grid().SetFilter(nullptr);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, GridModelTest, testing::Values(1U, 2U, 3U));
+INSTANTIATE_TEST_SUITE_P(Seeds, GridModelTest, testing::Range(1U, 1U + FromEnvironment("OSTREL_MODEL_SEEDS", 5)));
 } // namespace
 } // namespace Ostrel::Testing

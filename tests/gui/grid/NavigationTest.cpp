@@ -65,6 +65,8 @@ TEST_F(NavigationTest, KeysGoBetweenTheAreas)
     Grid().AllowNavigation(ScrollableContext);
     EXPECT_EQ(After(VK_HOME), "selected=a focus=a");
     EXPECT_EQ(After(VK_UP), "selected=a focus=a") << "the fixed rows are out of reach";
+    Grid().SetFocusedRow(1, FixedContext);
+    EXPECT_EQ(After(VK_UP, Modifier::Shift), "selected=a focus=a") << "nothing to extend from";
 }
 
 TEST_F(NavigationTest, LeftAndRightGoThroughTheTree)
@@ -108,6 +110,11 @@ TEST_F(NavigationTest, ClicksWithModifiers)
     EXPECT_EQ(AfterClick("d", Modifier::Ctrl), "selected=b focus=d") << "no second row";
     Grid().AllowSelectContext(FixedContext);
     EXPECT_EQ(AfterClick("a"), "selected=- focus=a");
+    Grid().AllowSelectContext(AllContexts);
+    EXPECT_EQ(AfterClick("c"), "selected=c focus=c");
+    Grid().AllowSelectContext(FixedContext);
+    EXPECT_EQ(AfterClick("c", Modifier::Ctrl), "selected=c focus=c") << "nor is a row given up there";
+    AfterClick("a");
     Grid().AllowFocusContext(FixedContext);
     EXPECT_EQ(AfterClick("b"), "selected=- focus=a");
 }

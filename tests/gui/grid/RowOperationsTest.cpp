@@ -27,6 +27,10 @@ TEST_F(RowOperationsTest, PlacesAmongSiblings)
     Grid().Add(&last, ScrollableRoot, LastPosition);
     Grid().Add(&stray, ScrollableRoot, reinterpret_cast<CGridItem*>(0x1230));
     EXPECT_EQ(Rows(), "rows=first,a,b,afterB,c,d,last,stray");
+    TestObject behind({.name = "behind"});
+    Grid().Add(&behind, ScrollableRoot, ScrollableRoot);
+    EXPECT_EQ(Rows(), "rows=first,a,b,afterB,c,d,last,stray,behind") << "a root is no place among its children";
+    Grid().Delete(&behind);
     Grid().Delete(&stray);
     SortByPrice();
     EXPECT_EQ(Grid().Delete(&last), 1);
@@ -76,6 +80,27 @@ TEST_F(RowOperationsTest, SeveralRowsOfOneObject)
     EXPECT_EQ(Grid().Delete(&a), 3);
     EXPECT_EQ(Rows(), "rows=b,c,d");
     EXPECT_FALSE(Grid().Exists(&a));
+}
+
+TEST_F(RowOperationsTest, AnObjectIsWhatAnyOfItsRowsIs)
+{
+    TestObject& d = grid.Object("d");
+    CGridItem* const shown = Item("d");
+    CGridItem* const hidden = Grid().Add(&d, Item("a"), LastPosition);
+    EXPECT_EQ(Grid().GetItem(&d), hidden) << "no row number is lower than any";
+    Grid().Select(shown, true);
+    Grid().Expand(shown, false);
+    EXPECT_TRUE(Grid().IsVisible(&d));
+    EXPECT_TRUE(Grid().IsSelected(&d));
+    EXPECT_TRUE(Grid().IsExpanded(&d));
+    grid.AddMany(50);
+    Grid().MoveAfter(shown, nullptr, LastPosition);
+    driver.RunUntilIdle();
+    Grid().EnsureVisible(&d);
+    EXPECT_TRUE(Grid().IsInVisibleRect(shown));
+    Grid().SetFirstVisibleRow(0);
+    Grid().SetFirstVisibleItem(&d);
+    EXPECT_GT(Grid().GetFirstVisibleRow(), 0);
 }
 
 TEST_F(RowOperationsTest, HandlesThatAreNoRowsGiveTheNeutralResult)

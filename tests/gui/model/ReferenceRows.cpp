@@ -25,21 +25,32 @@ ReferenceRows::ReferenceRows()
 
 Common::CValue ReferenceRows::GetSortValue(CGridItem& item, long fieldId)
 {
-    return Common::CValue(static_cast<long>(m_rows.at(&item)->keys[fieldId]));
+    return Common::CValue(static_cast<long>(m_rows.at(&item)->values[fieldId]));
 }
 
 bool ReferenceRows::IsHidden(CGridItem& item)
 {
-    return m_rows.at(&item)->keys[0] % 3 == hiddenRemainder;
+    return m_rows.at(&item)->values[0] % 3 == hiddenRemainder;
 }
 
-ReferenceRow& ReferenceRows::NewRow(CGridItem* item, int firstKey, int secondKey)
+ReferenceRow& ReferenceRows::NewRow(CGridItem* item, int firstValue, int secondValue)
 {
     auto row = std::make_unique<ReferenceRow>();
     row->item = item;
-    row->keys[0] = firstKey;
-    row->keys[1] = secondKey;
+    row->values[0] = firstValue;
+    row->values[1] = secondValue;
     return *(m_rows[item] = std::move(row));
+}
+
+void ReferenceRows::SetValue(Common::CDataObject const& object, int which, int value)
+{
+    for (auto const& [item, row] : m_rows)
+    {
+        if (item->Object() == &object)
+        {
+            row->values[which] = value;
+        }
+    }
 }
 
 void ReferenceRows::Insert(ReferenceRow& row, ReferenceRow& parent, std::size_t position)
@@ -47,6 +58,7 @@ void ReferenceRows::Insert(ReferenceRow& row, ReferenceRow& parent, std::size_t 
     row.parent = &parent;
     if (!levels.empty())
     {
+        std::ranges::copy(row.values, row.keys);
         SortBelow(row);
         auto const place = std::ranges::find_if(parent.children, [&](auto* other) { return IsBefore(row, *other); });
         position = static_cast<std::size_t>(place - parent.children.begin());
@@ -172,6 +184,7 @@ void ReferenceRows::SortBelow(ReferenceRow& parent)
 {
     if (!levels.empty())
     {
+        std::ranges::for_each(parent.children, [](auto* child) { std::ranges::copy(child->values, child->keys); });
         std::ranges::stable_sort(parent.children, [this](auto* a, auto* b) { return IsBefore(*a, *b); });
         std::ranges::for_each(parent.children, [this](ReferenceRow* child) { SortBelow(*child); });
     }
@@ -193,6 +206,7 @@ bool ReferenceRows::IsBefore(ReferenceRow const& a, ReferenceRow const& b) const
 
 void ReferenceRows::Reposition(ReferenceRow& row)
 {
+    std::ranges::copy(row.values, row.keys);
     std::vector<ReferenceRow*>& siblings = row.parent->children;
     auto const at = std::ranges::find(siblings, &row);
     auto const back = std::find_if(siblings.begin(), at, [&](auto* other) { return IsBefore(row, *other); });

@@ -17,7 +17,8 @@ struct ReferenceRow
     CGridItem* item = nullptr;
     ReferenceRow* parent = nullptr;
     std::vector<ReferenceRow*> children;
-    int keys[2] = {0, 0};
+    int values[2] = {0, 0}; ///< what the object says now
+    int keys[2] = {0, 0};   ///< what it said when the row was sorted in
     bool isExpanded = false;
     bool isSelected = false;
     bool isVisible = false;
@@ -32,7 +33,9 @@ public:
     [[nodiscard]] Common::CValue GetSortValue(CGridItem& item, long fieldId) override;
     [[nodiscard]] bool IsHidden(CGridItem& item) override;
 
-    ReferenceRow& NewRow(CGridItem* item, int firstKey, int secondKey);
+    ReferenceRow& NewRow(CGridItem* item, int firstValue, int secondValue);
+    /// For all rows of an object, those in no tree too.
+    void SetValue(Common::CDataObject const& object, int which, int value);
     void Insert(ReferenceRow& row, ReferenceRow& parent, std::size_t position);
     void Remove(ReferenceRow& row);
     void Forget(ReferenceRow& row);
@@ -50,7 +53,7 @@ public:
     [[nodiscard]] static bool IsInSubtree(ReferenceRow const& top, ReferenceRow const* row);
 
     ReferenceRow root;
-    int hiddenRemainder = -1; ///< hides first keys that leave it when divided by three; -1: none
+    int hiddenRemainder = -1; ///< hides first values that leave it when divided by three; -1: none
     std::vector<SortLevel> levels;
     std::vector<RowEvent> events;
 

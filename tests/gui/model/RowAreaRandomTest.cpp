@@ -152,7 +152,7 @@ void RowAreaRandomTest::Update()
     {
         return;
     }
-    row->keys[Random(2)] = Random(30);
+    row->values[Random(2)] = Random(30);
     m_reference.ApplyFilterTo(*row);
     m_area.ApplyFilterTo(*row->item, m_changes);
     std::vector<CGridItem*> rows = m_reference.VisibleRows();

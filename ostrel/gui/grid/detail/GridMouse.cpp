@@ -241,7 +241,7 @@ void GridMouse::ClickWithCtrl(Place place)
         return;
     }
     selection.SetFocus(place.row, place.type);
-    if (m_core.AreaOf(item) != nullptr)
+    if (m_core.AreaOf(item) != nullptr && HasContext(selection.selectable, place.type))
     {
         selection.Select(*item, !item->IsSelected());
     }

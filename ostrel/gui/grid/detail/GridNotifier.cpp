@@ -25,11 +25,11 @@ UINT BitIf(bool condition, UINT bit) noexcept
     return condition ? bit : 0U;
 }
 
-UINT StateOf(CGridItem const& item, bool isVisible, bool isFocused) noexcept
+UINT StateOf(CGridItem const& item, bool isVisible, bool isFocused, bool isFiltered) noexcept
 {
     return BitIf(item.IsSelected(), ItemStateSelected) | BitIf(isFocused, ItemStateFocused) |
            BitIf(isVisible, ItemStateVisible) | BitIf(item.IsExpanded(), ItemStateExpanded) |
-           BitIf(item.IsHiddenByFilter(), ItemStateFiltered) | ItemStateAttached;
+           BitIf(isFiltered, ItemStateFiltered) | ItemStateAttached;
 }
 
 bool IsSortedBy(CHeader const& header, long fieldId)
@@ -90,7 +90,9 @@ void GridNotifier::Row(NotificationCode code, CGridItem& item, int row) const
     notification.hdr = Head(code);
     notification.code = code;
     notification.grid = &m_core.Grid();
-    notification.state = StateOf(item, row >= 0, m_core.Selection().FocusedItem() == &item);
+    // What an earlier filter said of a row below a collapsed one counts no more.
+    bool const isFiltered = item.IsHiddenByFilter() && m_core.Sorting().HasFilter();
+    notification.state = StateOf(item, row >= 0, m_core.Selection().FocusedItem() == &item, isFiltered);
     notification.item = &item;
     notification.object = item.Object();
     notification.context = area->Type();

@@ -55,7 +55,7 @@ CGridItem* GridRows::Resolve(CGridItem* handle) const
     return m_core.AreaOf(handle) != nullptr ? handle : nullptr;
 }
 
-// Anything that is no place in the area means the end.
+// Anything that is no place in the area means the end, a root too.
 CGridItem* GridRows::ResolveAfter(CGridItem* after, RowArea const& area) noexcept
 {
     bool const isPlace = after == FirstPosition || (!IsReservedHandle(after) && area.Contains(after));
@@ -108,7 +108,7 @@ CGridItem* GridRows::Add(Common::CDataObject* object, CGridItem* parent, CGridIt
     }
     GridArea& area = *GridArea::Of(*parentItem);
     RowChangeScope scope(m_core, area);
-    area.Insert(item, *parentItem, after == parent ? FirstPosition : ResolveAfter(after, area), scope.changes);
+    area.Insert(item, *parentItem, ResolveAfter(after, area), scope.changes);
     row.Keep();
     RepaintBranch(*parentItem);
     scope.Finish(bars);
@@ -268,7 +268,7 @@ bool GridRows::Attach(CGridItem* item, CGridItem* parent, CGridItem* after)
     {
         m_core.Cells().Reformat(*each, kAllFields);
     }
-    PutIn(*item, *parentItem, after == parent ? FirstPosition : after, BarsFollow::Now);
+    PutIn(*item, *parentItem, after, BarsFollow::Now);
     if (m_core.AreaOf(item) != nullptr)
     {
         m_core.Notifier().Row(ItemAttached, *item);
@@ -364,9 +364,10 @@ bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bo
     // A handler may have deleted the new parent: then the row stays in its area.
     bool const hasParent = IsRootOrRow(newParent);
     PutIn(*item, hasParent ? *newParent : oldRoot, hasParent ? after : LastPosition, BarsFollow::Now);
-    if (carriesFocus && m_core.AreaOf(focused) != nullptr && RowArea::IsVisible(*focused))
+    if (carriesFocus && m_core.AreaOf(focused) != nullptr && m_core.Selection().FocusedItem() == nullptr)
     {
         m_core.Selection().AdoptFocus(focused);
+        m_core.Selection().FocusItem(m_core.AreaOf(focused)->VisibleInsteadOf(*focused));
     }
     if (m_core.AreaOf(item) != nullptr)
     {

@@ -34,13 +34,13 @@ public:
 
     RowChanges changes;
 
-    /// Repaints, moves the view, keeps or clears the focus and tells the parent window.
+    /// Repaints, moves the view, tells the parent window, and keeps or clears the focus.
     void Finish(BarsFollow bars);
+    /// The two halves of it, for a change of both areas.
+    void FinishRows(BarsFollow bars);
+    void FinishFocus();
 
 private:
-    void FinishFocus();
-    [[nodiscard]] CGridItem* FocusNeighbour() const;
-
     GridCore& m_core;
     GridArea& m_area;
     CGridItem* m_anchor;

@@ -226,15 +226,15 @@ CGridItem* GridScroller::Anchor() const
     return m_core.IsCalm() && m_firstRow > 0 ? m_core.Scrollable().ItemAt(m_firstRow) : nullptr;
 }
 
-void GridScroller::OnRowsChanged(int changedRow, CGridItem const* anchor)
+void GridScroller::OnRowsChanged(int changedRow, CGridItem* anchor)
 {
     int wanted = m_firstRow;
     if (anchor != nullptr)
     {
         bool const isThere = m_core.AreaOf(anchor) == &m_core.Scrollable();
-        int const row = isThere ? RowArea::RowOf(*anchor) : -1;
+        CGridItem const* const shown = isThere ? m_core.Scrollable().VisibleInsteadOf(*anchor) : nullptr;
         // When the row itself has gone, its next neighbour is where the change began.
-        wanted = row >= 0 ? row : std::min(m_firstRow, changedRow);
+        wanted = shown != nullptr ? RowArea::RowOf(*shown) : std::min(m_firstRow, changedRow);
     }
     wanted = std::clamp(wanted, 0, m_core.View().Geometry().LastFirstRow());
     if (wanted != m_firstRow)
@@ -245,7 +245,7 @@ void GridScroller::OnRowsChanged(int changedRow, CGridItem const* anchor)
     }
 }
 
-void GridScroller::OnRowMoved(RowMove const& move, CGridItem const* anchor)
+void GridScroller::OnRowMoved(RowMove const& move, CGridItem* anchor)
 {
     bool const movesAnchor = m_firstRow >= move.from && m_firstRow < move.from + move.count;
     if (anchor != nullptr && !movesAnchor)

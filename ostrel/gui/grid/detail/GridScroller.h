@@ -40,9 +40,9 @@ public:
     [[nodiscard]] CGridItem* Anchor() const;
     /// The scrollable rows have changed from changedRow on; the anchor is the answer from before (null keeps the row
     /// number).
-    void OnRowsChanged(int changedRow, CGridItem const* anchor);
+    void OnRowsChanged(int changedRow, CGridItem* anchor);
     /// As OnRowsChanged for one row that went from one place to another.
-    void OnRowMoved(RowMove const& move, CGridItem const* anchor);
+    void OnRowMoved(RowMove const& move, CGridItem* anchor);
 
     // --- Scroll bars ---
     void UpdateBars();

@@ -133,16 +133,19 @@ IGridFilter* GridSorting::SetFilter(IGridFilter* filter)
 
 void GridSorting::UpdateFilter()
 {
-    for (GridArea* const area : {&m_core.Fixed(), &m_core.Scrollable()})
-    {
-        RowChangeScope scope(m_core, *area);
-        area->ApplyFilter(scope.changes);
-        scope.Finish(BarsFollow::Now);
-    }
+    RowChangeScope fixed(m_core, m_core.Fixed());
+    m_core.Fixed().ApplyFilter(fixed.changes);
+    fixed.FinishRows(BarsFollow::Now);
+    RowChangeScope scrollable(m_core, m_core.Scrollable());
+    m_core.Scrollable().ApplyFilter(scrollable.changes);
+    scrollable.FinishRows(BarsFollow::Now);
     if (!m_core.IsCalm())
     {
         m_core.Selection().FocusItem(nullptr);
+        return;
     }
+    fixed.FinishFocus();
+    scrollable.FinishFocus();
 }
 
 bool GridSorting::IsHidden(CGridItem& item)

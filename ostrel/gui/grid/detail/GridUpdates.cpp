@@ -166,7 +166,7 @@ void GridUpdates::MoveToItsPlace(CGridItem& item)
 void GridUpdates::Reposition(GridArea& area, CGridItem& item)
 {
     bool const isScrollable = area.Type() == ScrollableContext;
-    CGridItem const* const anchor = isScrollable ? m_core.Scroller().Anchor() : nullptr;
+    CGridItem* const anchor = isScrollable ? m_core.Scroller().Anchor() : nullptr;
     RowMove const move = area.Reposition(item);
     if (!move.moved)
     {

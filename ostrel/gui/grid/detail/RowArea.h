@@ -160,6 +160,9 @@ public:
     [[nodiscard]] static CGridItem* NextVisible(CGridItem const& item) noexcept; ///< the row below; null at the end
     [[nodiscard]] static CGridItem* PreviousVisible(CGridItem const& item) noexcept;
     [[nodiscard]] CGridItem* FirstVisible() const noexcept { return ItemAt(0); }
+    /// What a person would point at for a row of this area: the row itself while it is visible, the collapsed row that
+    /// it is below, or, where the filter hides it, the next visible row, else the last one. Null when there is none.
+    [[nodiscard]] CGridItem* VisibleInsteadOf(CGridItem& item) const noexcept;
     /// The next row in pre-order, visible or not; null behind the last one of the area.
     [[nodiscard]] static CGridItem* NextInTree(CGridItem const& item) noexcept;
     [[nodiscard]] static bool IsAncestor(CGridItem const& ancestor, CGridItem const& item) noexcept; ///< or the same

@@ -1,4 +1,5 @@
 // What can be asked of the tree: rows, levels, neighbours, children, selection.
+#include <algorithm>
 #include <bit>
 
 #include <ostrel/gui/grid/detail/RowArea.h>
@@ -100,6 +101,24 @@ CGridItem* RowArea::NextVisible(CGridItem const& item) noexcept
 CGridItem* RowArea::PreviousVisible(CGridItem const& item) noexcept
 {
     return IsVisible(item) ? item.m_area->ItemAt(RowsAbove(item) - 1) : nullptr;
+}
+
+CGridItem* RowArea::VisibleInsteadOf(CGridItem& item) const noexcept
+{
+    if (IsVisible(item))
+    {
+        return &item;
+    }
+    CGridItem* top = &item;
+    while (!top->m_parent->m_isRoot && !IsVisible(*top->m_parent))
+    {
+        top = top->m_parent;
+    }
+    if (!top->m_parent->m_isExpanded)
+    {
+        return top->m_parent;
+    }
+    return ItemAt(std::min(RowsAbove(*top), RowCount() - 1));
 }
 
 CGridItem* RowArea::NextInTree(CGridItem const& item) noexcept

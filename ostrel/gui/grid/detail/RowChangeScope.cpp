@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include <ostrel/gui/grid/detail/GridCore.h>
 
 namespace Ostrel::GUI::Detail
@@ -14,6 +12,12 @@ RowChangeScope::RowChangeScope(GridCore& core, GridArea& area)
 }
 
 void RowChangeScope::Finish(BarsFollow bars)
+{
+    FinishRows(bars);
+    FinishFocus();
+}
+
+void RowChangeScope::FinishRows(BarsFollow bars)
 {
     if (changes.HasRowsChanged())
     {
@@ -34,7 +38,6 @@ void RowChangeScope::Finish(BarsFollow bars)
         }
     }
     m_core.Notifier().Events(changes.events);
-    FinishFocus();
 }
 
 void RowChangeScope::FinishFocus()
@@ -54,28 +57,7 @@ void RowChangeScope::FinishFocus()
     }
     else if (!RowArea::IsVisible(*focused))
     {
-        selection.FocusItem(FocusNeighbour());
+        selection.FocusItem(m_area.VisibleInsteadOf(*focused));
     }
-}
-
-// The collapsed row that now stands for the focused one, else the next visible row in the tree, else the last row.
-CGridItem* RowChangeScope::FocusNeighbour() const
-{
-    CGridItem* const focused = m_core.Selection().FocusedItem();
-    for (CGridItem* above = focused->Parent(); above != nullptr && !above->IsRoot(); above = above->Parent())
-    {
-        if (!above->IsExpanded() && RowArea::IsVisible(*above))
-        {
-            return above;
-        }
-    }
-    for (CGridItem* next = RowArea::NextInTree(*focused); next != nullptr; next = RowArea::NextInTree(*next))
-    {
-        if (RowArea::IsVisible(*next))
-        {
-            return next;
-        }
-    }
-    return m_area.ItemAt(std::min(m_focusedRow, m_area.RowCount()) - 1);
 }
 } // namespace Ostrel::GUI::Detail
