@@ -31,7 +31,7 @@ ColumnProperties CColumn::Impl::CloneProperties() const
 {
     CLock const lock(propertyLock);
     return {.fid = fid,
-            .name = *m_name,
+            .name = Name(),
             .width = width,
             .cellPaintFormat = CloneOf(cellPaintFormat),
             .columnPaintFormat = CloneOf(columnPaintFormat),
@@ -61,20 +61,21 @@ void CColumn::Impl::SetProperties(ColumnProperties&& properties)
     m_description = properties.description;
 }
 
-void CColumn::Impl::ReplaceName(std::string const& name)
+bool CColumn::Impl::ReplaceName(std::string const& name)
 {
+    Platform::MutexLock const lock(m_nameLock);
+    if (*m_name == name)
+    {
+        return false;
+    }
     m_previousName = std::exchange(m_name, std::make_unique<std::string const>(name));
+    return true;
 }
 
 bool CColumn::Impl::ChangeName(std::string const& name)
 {
     CLock const lock(propertyLock);
-    if (*m_name == name)
-    {
-        return false;
-    }
-    ReplaceName(name);
-    return true;
+    return ReplaceName(name);
 }
 
 bool CColumn::Impl::ChangeDescription(std::string const& description)
@@ -90,7 +91,7 @@ bool CColumn::Impl::ChangeDescription(std::string const& description)
 
 std::string const& CColumn::Impl::Name() const
 {
-    CLock const lock(propertyLock);
+    Platform::MutexLock const lock(m_nameLock);
     return *m_name;
 }
 

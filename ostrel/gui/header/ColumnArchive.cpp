@@ -142,7 +142,7 @@ void LoadInto(CArchive& archive, std::atomic<CColumn::Alignment>& property)
 void CColumn::Impl::Store(CArchive& archive) const
 {
     Common::CLock const lock(propertyLock);
-    archive << GetSerializeVertion() << fid.load() << *m_name << width.load() << static_cast<int>(alignment.load())
+    archive << GetSerializeVertion() << fid.load() << Name() << width.load() << static_cast<int>(alignment.load())
             << cellImageId.load() << columnImageId.load() << visible.load() << editable.load() << m_description;
     StoreTextFormat(archive, textFormat.Get());
     StorePaintFormat(archive, cellPaintFormat.Get());

@@ -1,4 +1,5 @@
 #include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/clipboard/DragDropSettings.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/paint/BackgroundImage.h>
@@ -20,8 +21,11 @@ CAppearance const& AppearanceOf(CPaintContext const& context)
     return snapshot != nullptr ? snapshot->appearance : context.GetGrid().GetAppearance();
 }
 
-/// Marks the place where dragged rows would go.
-constexpr COLORREF kDropColor = 0xDF8020;
+/// Of the marks at the place where dragged rows would go.
+unsigned long DropColorOf(CPaintContext const& context)
+{
+    return context.GetGrid().GetDragDropSettings().GetDropColor();
+}
 
 bool IsNumber(Common::EnType type) noexcept
 {
@@ -231,7 +235,7 @@ void CCellPaintFormat::OnDrawText(CGridCell& cell, CPaintContext const& context,
 
 void CCellPaintFormat::OnDrawImage(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
 {
-    if ((filter & PaintImage) == 0 || cell.GetImageId() < 0)
+    if ((filter & PaintImage) == 0)
     {
         return;
     }
@@ -277,18 +281,18 @@ void CCellPaintFormat::OnDrawHierarchy(CGridCell& cell, CPaintContext const& con
 
 void CCellPaintFormat::OnDrawDropPosition(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
 {
-    if ((filter & PaintDropPosition) != 0)
+    if ((filter & PaintDropPosition) != 0 && context.GetDropPosition().GetDropContext() != NoContext)
     {
-        CPaintHelper::DrawDropPosition(cell, kDropColor, context);
+        CPaintHelper::DrawDropPosition(cell, DropColorOf(context), context);
     }
 }
 
 void CCellPaintFormat::OnDrawDropParentPosition(CGridCell& cell, CPaintContext const& context,
                                                 unsigned int filter) const
 {
-    if ((filter & PaintDropParentPosition) != 0)
+    if ((filter & PaintDropParentPosition) != 0 && context.GetDropPosition().GetDropContext() != NoContext)
     {
-        CPaintHelper::DrawDropParentPosition(cell, kDropColor, context);
+        CPaintHelper::DrawDropParentPosition(cell, DropColorOf(context), context);
     }
 }
 

@@ -49,7 +49,7 @@ void DrawTriangle(CDC& dc, CRect const& area, int centerY, bool pointsUp, int un
     for (int row = 0; row < rows; ++row)
     {
         int const half = pointsUp ? row + 1 : rows - row;
-        Detail::DrawSolidHorizontal(dc, center - half, center + half, top + row, color);
+        dc.FillSolidRect(CRect(center - half, top + row, center + half, top + row + 1), color);
     }
 }
 
@@ -155,7 +155,7 @@ void CColumnPaintFormat::DrawBackground(CColumnPaintInfo& info, CPaintContext co
     bool const isTouched = info.GetState() != CColumnPaintInfo::Normal;
     CDC& dc = context.GetDC();
     dc.FillSolidRect(info.GetVisibleRect(), GetSysColor(isTouched ? COLOR_BTNHIGHLIGHT : COLOR_BTNFACE));
-    dc.Draw3dRect(&info.GetVirtualRect(), GetSysColor(COLOR_BTNHIGHLIGHT), GetSysColor(COLOR_BTNSHADOW));
+    Detail::DrawFrame(dc, info.GetVirtualRect(), GetSysColor(COLOR_BTNHIGHLIGHT), GetSysColor(COLOR_BTNSHADOW));
 }
 
 void CColumnPaintFormat::DrawSort(CColumnPaintInfo& info, CPaintContext const& context, unsigned int /*filter*/) const

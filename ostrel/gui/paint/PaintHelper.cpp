@@ -128,8 +128,7 @@ CColorBlend CPaintHelper::GetFocusedRowColorBlend(CGridCell const& cell, CPaintC
                                                   unsigned int filter)
 {
     CGridLine const& line = cell.GetGridLine();
-    bool const applies = (filter & PaintFocusedRow) != 0 && line.GetItem() != nullptr &&
-                         context.GetFocusedContext() == line.GetContextType() &&
+    bool const applies = (filter & PaintFocusedRow) != 0 && context.GetFocusedContext() == line.GetContextType() &&
                          context.GetFocusedRow() == line.GetRow();
     return applies ? AppearanceOf(context).GetFocusedLineColor() : CColorBlend();
 }

@@ -53,8 +53,7 @@ private:
 
 bool IsFocused(CGridLine const& line, CPaintContext const& context)
 {
-    return line.GetItem() != nullptr && context.GetFocusedContext() == line.GetContextType() &&
-           context.GetFocusedRow() == line.GetRow();
+    return context.GetFocusedContext() == line.GetContextType() && context.GetFocusedRow() == line.GetRow();
 }
 
 bool IsValidRow(int row, CGridLine const& line, CPaintContext const& context)
@@ -70,20 +69,16 @@ COLORREF ContrastTo(unsigned long color)
     return brightness >= 96 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
 }
 
-CRect ExpandButtonRect(CGridCell const& cell)
+/// Where a stroke begins that lies in the middle between two edges.
+int StrokeAt(int low, int high)
 {
-    CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
-    int const height = rect.Height();
-    int const left = rect.left + height * cell.GetGridLine().GetHierarchicalLevel();
-    CRect button(left, rect.top, left + height, rect.bottom);
-    button.DeflateRect(3, 3, 2, 2);
-    return button;
+    return (low + high - (Detail::LineWidth() - 1)) / 2;
 }
 
 void DrawFilledTriangle(CDC& dc, CPoint const (&corners)[3], COLORREF fill, COLORREF outline)
 {
     CBrush brush(fill);
-    CPen pen(PS_SOLID, 1, outline);
+    CPen pen(PS_SOLID, Detail::LineWidth(), outline);
     CBrush* const previousBrush = dc.SelectObject(&brush);
     CPen* const previousPen = dc.SelectObject(&pen);
     dc.Polygon(corners, 3);
@@ -130,13 +125,14 @@ void CPaintHelper::DrawSelectionFrame(CGridCell const& cell, unsigned long color
     CRect const& rect = frame.rect;
     CDC& dc = context.GetDC();
     auto const ink = static_cast<COLORREF>(color);
+    int const width = Detail::LineWidth();
     if (!line.IsPreviusRowSelected())
     {
         Detail::DrawSolidHorizontal(dc, rect.left, rect.right, rect.top, ink);
     }
     if (!line.IsNextRowSelected())
     {
-        Detail::DrawSolidHorizontal(dc, rect.left, rect.right, rect.bottom - 1, ink);
+        Detail::DrawSolidHorizontal(dc, rect.left, rect.right, rect.bottom - width, ink);
     }
     if (frame.isFirst)
     {
@@ -144,7 +140,7 @@ void CPaintHelper::DrawSelectionFrame(CGridCell const& cell, unsigned long color
     }
     if (frame.isLast)
     {
-        Detail::DrawSolidVertical(dc, rect.right - 1, rect.top, rect.bottom, ink);
+        Detail::DrawSolidVertical(dc, rect.right - width, rect.top, rect.bottom, ink);
     }
 }
 
@@ -158,16 +154,17 @@ void CPaintHelper::DrawFocus(CGridCell const& cell, unsigned long color, CPaintC
     CRect const& rect = frame.rect;
     CDC& dc = context.GetDC();
     auto const ink = static_cast<COLORREF>(color);
-    int const left = Detail::RoundUpToEven(rect.left);
+    int const width = Detail::LineWidth();
+    int const left = Detail::NextDot(rect.left);
     Detail::DrawDottedHorizontal(dc, left, rect.right, rect.top, ink);
-    Detail::DrawDottedHorizontal(dc, left, rect.right, rect.bottom - 1, ink);
+    Detail::DrawDottedHorizontal(dc, left, rect.right, rect.bottom - width, ink);
     if (frame.isFirst)
     {
         Detail::DrawDottedVertical(dc, rect.left, rect.top, rect.bottom, ink);
     }
     if (frame.isLast)
     {
-        Detail::DrawDottedVertical(dc, rect.right - 1, rect.top, rect.bottom, ink);
+        Detail::DrawDottedVertical(dc, rect.right - width, rect.top, rect.bottom, ink);
     }
 }
 
@@ -198,7 +195,7 @@ void CPaintHelper::DrawCollapseExpandIcon(CGridCell const& cell, unsigned long c
     {
         return;
     }
-    CRect const button = ExpandButtonRect(cell);
+    CRect const button = Detail::ExpandButtonRect(cell.GetPaintInfo().GetVirtualRect(), line.GetHierarchicalLevel());
     if (button.IsRectEmpty())
     {
         return;
@@ -207,10 +204,12 @@ void CPaintHelper::DrawCollapseExpandIcon(CGridCell const& cell, unsigned long c
     CellClip const clip(dc, cell, button.right);
     COLORREF const stroke = ContrastTo(cell.GetPaintInfo().GetBackColor());
     Detail::DrawFrame(dc, button, static_cast<COLORREF>(color));
-    Detail::DrawSolidHorizontal(dc, button.left + 2, button.right - 2, button.CenterPoint().y, stroke);
+    CRect inside = button;
+    inside.DeflateRect(Platform::Scaled(2), Platform::Scaled(2));
+    Detail::DrawSolidHorizontal(dc, inside.left, inside.right, StrokeAt(button.top, button.bottom), stroke);
     if (!line.IsExpanded())
     {
-        Detail::DrawSolidVertical(dc, button.CenterPoint().x, button.top + 2, button.bottom - 2, stroke);
+        Detail::DrawSolidVertical(dc, StrokeAt(button.left, button.right), inside.top, inside.bottom, stroke);
     }
 }
 
@@ -227,12 +226,14 @@ void CPaintHelper::DrawHierarchicalLines(CGridCell const& cell, unsigned long co
     auto const ink = static_cast<COLORREF>(color);
     int const height = rect.Height();
     int const half = height / 2;
+    int const width = Detail::LineWidth();
     int const x = rect.left + (level - 1) * height + half;
-    int const middle = rect.top + half - 1;
+    int const middle = rect.top + half - width;
     CellClip const clip(dc, cell, x + height + half);
     bool const hasButton = CanShowExpandOrCollapseIcon(line, context);
-    Detail::DrawDottedVertical(dc, x, rect.top, IsLastLevelItem(line.GetItem()) ? middle : rect.bottom - 1, ink);
-    Detail::DrawDottedHorizontal(dc, x, hasButton ? x + height - 3 : x + height + half - 1, middle, ink);
+    Detail::DrawDottedVertical(dc, x, rect.top, IsLastLevelItem(line.GetItem()) ? middle : rect.bottom - width, ink);
+    int const end = hasButton ? x + height - Platform::Scaled(3) : x + height + half - width;
+    Detail::DrawDottedHorizontal(dc, x, end, middle, ink);
 
     CGridItem* ancestor = line.GetItem()->Parent();
     for (int ancestorLevel = level - 1; ancestorLevel >= 1; --ancestorLevel, ancestor = ancestor->Parent())
@@ -261,12 +262,13 @@ void CPaintHelper::DrawDropPosition(CGridCell const& cell, unsigned long color, 
     }
     // Half of the bar lies in the row above it and half in the row below; each row draws its own half.
     CRect const rect = CellFrame(cell).rect;
+    int const half = Detail::LineWidth();
     int top = rect.top;
     if (drop.GetDropAfter())
     {
-        top = isDropRow ? rect.bottom - 1 : rect.top - 1;
+        top = isDropRow ? rect.bottom - half : rect.top - half;
     }
-    CRect const bar(rect.left, std::max<int>(top, rect.top), rect.right, std::min<int>(top + 2, rect.bottom));
+    CRect const bar(rect.left, std::max<int>(top, rect.top), rect.right, std::min<int>(top + 2 * half, rect.bottom));
     context.GetDC().FillSolidRect(bar, static_cast<COLORREF>(color));
 }
 
@@ -281,10 +283,11 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
     }
     CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
     int const side = rect.Height();
-    CRect start(rect.left + 2, rect.top, rect.left + 2 + side, rect.bottom);
-    CRect end(rect.right - 2 - side, rect.top, rect.right - 2, rect.bottom);
-    start.DeflateRect(2, 2);
-    end.DeflateRect(2, 2);
+    int const inset = Platform::Scaled(2);
+    CRect start(CPoint(rect.left + inset, rect.top), CSize(side, side));
+    CRect end(CPoint(rect.right - inset - side, rect.top), CSize(side, side));
+    start.DeflateRect(inset, inset);
+    end.DeflateRect(inset, inset);
     if (start.IsRectEmpty())
     {
         return;
@@ -292,7 +295,7 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
     auto const fill = static_cast<COLORREF>(color);
     auto const outline = static_cast<COLORREF>(CMsImg32::AlphaBlend(color, cell.GetPaintInfo().GetBackColor(), 120));
     CDC& dc = context.GetDC();
-    CellClip const clip(dc, cell, start.right + 1);
+    CellClip const clip(dc, cell, start.right + Detail::LineWidth());
     DrawFilledTriangle(dc, {{start.left, start.top}, {start.right, start.CenterPoint().y}, {start.left, start.bottom}},
                        fill, outline);
     DrawFilledTriangle(dc, {{end.right, end.top}, {end.left, end.CenterPoint().y}, {end.right, end.bottom}}, fill,
@@ -302,15 +305,15 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
 void CPaintHelper::DrawVerticalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
 {
     CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
-    Detail::DrawDottedVertical(context.GetDC(), rect.right - 1, Detail::RoundUpToEven(rect.top), rect.bottom,
-                               static_cast<COLORREF>(color));
+    Detail::DrawDottedVertical(context.GetDC(), rect.right - Detail::LineWidth(), Detail::NextDot(rect.top),
+                               rect.bottom, static_cast<COLORREF>(color));
 }
 
 void CPaintHelper::DrawHorizontalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
 {
     CRect const rect = CellFrame(cell).rect;
-    Detail::DrawDottedHorizontal(context.GetDC(), Detail::RoundUpToEven(rect.left), rect.right, rect.bottom - 1,
-                                 static_cast<COLORREF>(color));
+    Detail::DrawDottedHorizontal(context.GetDC(), Detail::NextDot(rect.left), rect.right,
+                                 rect.bottom - Detail::LineWidth(), static_cast<COLORREF>(color));
 }
 
 void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context, CRect const& rect,
@@ -324,7 +327,7 @@ void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context
     }
     CSize const size = CRect(info.rcImage).Size();
     CRect target = rect;
-    target.DeflateRect(1, 1);
+    target.DeflateRect(Platform::Scaled(1), Platform::Scaled(1));
     CellClip const clip(context.GetDC(), cell, rect.right);
     COLORREF const ground = transparent ? kKeyColor : static_cast<COLORREF>(backColor);
     if (!cell.GetStretchImage() || !DrawStretched(cell, context.GetDC(), target, size, ground))

@@ -7,6 +7,7 @@
 #include <ostrel/gui/paint/ProgressCellPaintFormat.h>
 #include <ostrel/platform/base/Narrow.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI
 {
@@ -63,7 +64,7 @@ void CProgressCellPaintFormat::OnDrawText(CGridCell& cell, CPaintContext const& 
         return;
     }
     CRect bar = const_cast<CProgressCellPaintFormat*>(this)->GetTextRect(cell, context, filter);
-    bar.DeflateRect(1, 1);
+    bar.DeflateRect(Platform::Scaled(1), Platform::Scaled(1));
     double const filled = static_cast<double>(*value) - m_minimum;
     double const range = static_cast<double>(m_maximum) - m_minimum;
     bar.right = bar.left + static_cast<int>(bar.Width() * std::clamp(filled / range, 0.0, 1.0));

@@ -6,6 +6,7 @@
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/detail/GridPainter.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 #include <ostrel/platform/window/PaintDC.h>
 
@@ -13,8 +14,8 @@ namespace Ostrel::GUI::Detail
 {
 namespace
 {
-// Beyond that many rectangles the bounds are cheaper to paint.
-constexpr std::size_t kMostAreas = 256;
+// A region of more rectangles, whose data pass 4096 bytes, is painted as its bounds.
+constexpr std::size_t kMostAreas = 254;
 
 std::vector<CRect> AreasToPaint(HWND window)
 {
@@ -125,9 +126,11 @@ void GridLooks::RebuildBuffers()
     m_buffers.Rebuild(dc, options);
 }
 
-bool GridLooks::CanScrollPixels() const
+bool GridLooks::CanScrollPixels(int distance) const
 {
-    return m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty();
+    bool const hasDots = appearance.IsVerticalLinesEnabled() && (paintFilter & PaintVerticalLines) != 0;
+    bool const keepsDots = !hasDots || NextDot(distance) == distance;
+    return keepsDots && m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty();
 }
 
 void GridLooks::Paint()

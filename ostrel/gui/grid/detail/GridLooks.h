@@ -11,6 +11,7 @@
 #include <ostrel/gui/paint/PaintFilter.h>
 #include <ostrel/gui/paint/detail/PaintBuffers.h>
 #include <ostrel/platform/drawing/Font.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 class CImageList;
 
@@ -37,7 +38,7 @@ public:
     CImageList* imageList = nullptr; ///< not owned
     bool stretchImages = false;
     bool drawSeparator = true;
-    int separatorHeight = 2;
+    int separatorHeight = Platform::Scaled(2);
 
     /// Copies the font; null goes back to the preferences' font.
     void SetFont(CFont const* font);
@@ -57,8 +58,9 @@ public:
 
     void RebuildBuffers();
     void DropBuffers() { m_buffers.Clear(); }
-    /// False while something lies over the rows that does not move with them.
-    [[nodiscard]] bool CanScrollPixels() const;
+    /// False when rows that are painted anew would differ from their moved pixels: something lies over them or under
+    /// them that does not move with them, or the dots of the vertical lines would fall on other pixels.
+    [[nodiscard]] bool CanScrollPixels(int distance) const;
     /// The window's paint message.
     void Paint();
 

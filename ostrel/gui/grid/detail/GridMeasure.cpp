@@ -11,6 +11,7 @@
 #include <ostrel/gui/paint/HeaderPaintInfo.h>
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/PaintContext.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 
 namespace Ostrel::GUI::Detail
@@ -38,7 +39,8 @@ int GridColumns::MeasureCell(CDC& dc, CGridItem* item, int row, ContextType type
 {
     GridLooks& looks = m_core.Looks();
     CRect const rect(0, 0, 0, item->Area()->RowHeight());
-    CPaintInfo const info(0, 0, rect, rect, rect, looks.FontInUse(), 2, 2, looks.highlight);
+    int const textOffset = TextOffset();
+    CPaintInfo const info(0, 0, rect, rect, rect, looks.FontInUse(), textOffset, textOffset, looks.highlight);
     CGridLine const line(info, type, row, item, false, false);
     Common::CFormat const* format = column.GetTextFormat();
     if (format == nullptr && item->Object() != nullptr)

@@ -6,6 +6,7 @@
 #include <ostrel/gui/grid/detail/GridMouse.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
 #include <ostrel/gui/paint/detail/GridPainter.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI::Detail
@@ -144,7 +145,6 @@ void GridMouse::DescribePaintState(GridPaintState& state) const
 
 // --- Clicks ---
 
-// The square as it is painted: a row's height wide for each level, smaller by a margin.
 bool GridMouse::IsOnExpandButton(CPoint clientPoint, CGridItem const& item, CRect const& rowRect) const
 {
     auto const layout = m_core.Columns().Layout();
@@ -156,9 +156,9 @@ bool GridMouse::IsOnExpandButton(CPoint clientPoint, CGridItem const& item, CRec
         return false;
     }
     int const position = m_core.Scroller().HorizontalPosition();
-    int const height = rowRect.Height();
-    int const left = layout->VirtualRect(*column, position).left + height * RowArea::Level(item);
-    CRect const button(left + 3, rowRect.top + 3, left + height - 2, rowRect.bottom - 2);
+    CRect cell = rowRect;
+    cell.left = layout->VirtualRect(*column, position).left;
+    CRect const button = ExpandButtonRect(cell, RowArea::Level(item));
     CRect const title = layout->VisibleRect(*column, position);
     return button.PtInRect(clientPoint) && clientPoint.x >= title.left && clientPoint.x < title.right;
 }

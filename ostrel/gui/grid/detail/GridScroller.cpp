@@ -42,10 +42,11 @@ void GridScroller::ScrollPixels(int rowsUp)
     {
         return;
     }
-    bool const canMovePixels = m_core.Looks().CanScrollPixels() && std::abs(rowsUp) < geometry.FittingRows();
-    if (canMovePixels)
+    bool const staysOnScreen = std::abs(rowsUp) < geometry.FittingRows();
+    int const distance = staysOnScreen ? rowsUp * geometry.scrollableRowHeight : 0;
+    if (staysOnScreen && m_core.Looks().CanScrollPixels(distance))
     {
-        m_core.Grid().ScrollWindow(0, -rowsUp * geometry.scrollableRowHeight, &band, &band);
+        m_core.Grid().ScrollWindow(0, -distance, &band, &band);
     }
     else
     {

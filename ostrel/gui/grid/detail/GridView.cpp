@@ -3,6 +3,7 @@
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/GridView.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
+#include <ostrel/gui/paint/detail/Primitives.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -178,15 +179,16 @@ void GridView::InvalidateRowAndBorders(int row, ContextType type)
     {
         return;
     }
+    int const border = LineWidth();
     CRect rect = RowRect(row, type);
-    rect.InflateRect(0, 1);
+    rect.InflateRect(0, border);
     if (type == FixedContext && row == geometry.fixedRows - 1)
     {
-        rect.bottom = geometry.ScrollableRect().top + 1;
+        rect.bottom = geometry.ScrollableRect().top + border;
     }
     if (type == ScrollableContext && row == 0 && geometry.fixedRows > 0)
     {
-        rect.top = geometry.FixedRect().bottom - 1;
+        rect.top = geometry.FixedRect().bottom - border;
     }
     rect.top = std::max<int>(rect.top, geometry.FixedRect().top);
     InvalidateRect(rect);

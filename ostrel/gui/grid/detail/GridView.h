@@ -40,7 +40,7 @@ public:
     void InvalidateAll(bool erase = false);
     void InvalidateArea(ContextType type);
     void InvalidateRow(int row, ContextType type);
-    /// With the pixel above and below it, where a selection frame crosses the row's border.
+    /// With the lines above and below it, where a selection frame crosses the row's border.
     void InvalidateRowAndBorders(int row, ContextType type);
     void InvalidateRows(int firstRow, int lastRow, ContextType type);
     /// From the row on down. In the fixed area everything below it too: the scrollable rows may have moved.

@@ -116,11 +116,14 @@ private:
             return owner.Exchange(std::move(format));
         }();
     }
-    void ReplaceName(std::string const& name) OSTREL_REQUIRES(propertyLock);
+    /// False when the name was the same.
+    bool ReplaceName(std::string const& name);
 
+    /// Never held while anything foreign runs: titles are painted with the name.
+    mutable Platform::Mutex m_nameLock;
     /// Never changed in place: a reader may still hold a reference to the name before.
-    std::unique_ptr<std::string const> m_name OSTREL_GUARDED_BY(propertyLock) = std::make_unique<std::string const>();
-    std::unique_ptr<std::string const> m_previousName OSTREL_GUARDED_BY(propertyLock);
+    std::unique_ptr<std::string const> m_name OSTREL_GUARDED_BY(m_nameLock) = std::make_unique<std::string const>();
+    std::unique_ptr<std::string const> m_previousName OSTREL_GUARDED_BY(m_nameLock);
     std::string m_description OSTREL_GUARDED_BY(propertyLock);
 };
 

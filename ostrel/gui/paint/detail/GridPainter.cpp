@@ -140,8 +140,8 @@ private:
             return;
         }
         CDC& dc = context.GetDC();
-        dc.Draw3dRect(&band, GetSysColor(COLOR_BTNHIGHLIGHT), GetSysColor(COLOR_BTNSHADOW));
-        band.DeflateRect(1, 1);
+        DrawFrame(dc, band, GetSysColor(COLOR_BTNHIGHLIGHT), GetSysColor(COLOR_BTNSHADOW));
+        band.DeflateRect(LineWidth(), LineWidth());
         dc.FillSolidRect(band, GetSysColor(COLOR_BTNFACE));
     }
 
@@ -200,7 +200,8 @@ private:
         }
         for (; y < clip.bottom; ++row, y += height)
         {
-            PaintLine(context, {ScrollableContext, row, nullptr, false, false}, y, height);
+            bool const isPreviousSelected = IsSelected(RowBefore(row, ScrollableContext));
+            PaintLine(context, {ScrollableContext, row, nullptr, isPreviousSelected, false}, y, height);
         }
     }
 
@@ -219,11 +220,10 @@ private:
         // The first row of an area is an odd one.
         bool const isOdd = row.number % 2 == 0;
         CAppearance const& appearance = m_snapshot.appearance;
-        constexpr int kTextOffset = 2;
         CPaintInfo const info(isOdd ? appearance.GetTextOddColor() : appearance.GetTextEvenColor(),
                               isOdd ? appearance.GetBackOddColor() : appearance.GetBackEvenColor(),
-                              band & m_state.clientRect, band, band & context.GetClipRect(), m_font, kTextOffset,
-                              kTextOffset, m_grid.GetHighlightSettings());
+                              band & m_state.clientRect, band, band & context.GetClipRect(), m_font, m_textOffset,
+                              m_textOffset, m_grid.GetHighlightSettings());
         CGridLine line(info, row.type, row.number, row.item, row.isPreviousSelected, row.isNextSelected);
         m_customDraw.DrawLine(line, context, m_filter);
     }
@@ -235,6 +235,7 @@ private:
     ICustomDraw& m_customDraw;
     unsigned int m_filter;
     CFont* m_font;
+    int m_textOffset = TextOffset();
 };
 
 } // namespace

@@ -1,33 +1,62 @@
-// Small drawing steps that the painters share: dotted lines of one pixel, a font selected for a while, a clip that is
-// taken back.
+// Small drawing steps and measures that the painters share: lines and frames, a font selected for a while, a clip that
+// is taken back. Lines are one design pixel wide; what is said of their pixels holds for design pixels.
 #pragma once
 
+#include <algorithm>
+
 #include <ostrel/platform/drawing/DeviceContext.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI::Detail
 {
 
-/// Every other pixel from the left end up to, not including, the right; from the top up to the bottom.
+/// The width of a line and the side of a dot, in pixels.
+inline int LineWidth() noexcept
+{
+    return Platform::Scaled(1);
+}
+
+/// Between the edges of a cell and its text, in pixels.
+inline int TextOffset() noexcept
+{
+    return Platform::Scaled(2);
+}
+
+/// Every other dot from the left end up to, not including, the right; from the top up to the bottom. The line lies
+/// below y, right of x.
 void DrawDottedHorizontal(CDC& dc, int left, int right, int y, COLORREF color);
 void DrawDottedVertical(CDC& dc, int x, int top, int bottom, COLORREF color);
 /// Solid, with the same ends.
 inline void DrawSolidHorizontal(CDC& dc, int left, int right, int y, COLORREF color)
 {
-    dc.FillSolidRect(CRect(left, y, right, y + 1), color);
+    dc.FillSolidRect(CRect(left, y, right, y + LineWidth()), color);
 }
 inline void DrawSolidVertical(CDC& dc, int x, int top, int bottom, COLORREF color)
 {
-    dc.FillSolidRect(CRect(x, top, x + 1, bottom), color);
+    dc.FillSolidRect(CRect(x, top, x + LineWidth(), bottom), color);
 }
-/// A solid frame of one pixel inside the rectangle.
+/// A solid frame inside the rectangle; raised when the colours differ.
+void DrawFrame(CDC& dc, CRect const& rect, COLORREF topLeft, COLORREF bottomRight);
 inline void DrawFrame(CDC& dc, CRect const& rect, COLORREF color)
 {
-    dc.Draw3dRect(&rect, color, color);
+    DrawFrame(dc, rect, color, color);
 }
 
-constexpr int RoundUpToEven(int value) noexcept
+/// The next place at or behind the value where a dot of a dotted line that begins at 0 lies.
+inline int NextDot(int value) noexcept
 {
-    return value + (value & 1);
+    int const step = 2 * LineWidth();
+    int const rest = value % step;
+    return rest > 0 ? value + step - rest : value - rest;
+}
+
+/// Where the button lies that expands a row of a hierarchical level, in the cell's virtual rectangle.
+inline CRect ExpandButtonRect(CRect const& cell, int level) noexcept
+{
+    int const left = cell.left + cell.Height() * level;
+    CRect button(left, cell.top, left + cell.Height(), cell.bottom);
+    button.DeflateRect(Platform::Scaled(3), Platform::Scaled(3), Platform::Scaled(2), Platform::Scaled(2));
+    return button;
 }
 
 /// Selects a font; the one before comes back at the end. Null selects nothing.
