@@ -1,11 +1,13 @@
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/clipboard/DragDropSettings.h>
 #include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/paint/BackgroundImage.h>
 #include <ostrel/gui/paint/CellPaintFormat.h>
 #include <ostrel/gui/paint/MsImg32.h>
 #include <ostrel/gui/paint/PaintHelper.h>
+#include <ostrel/gui/paint/detail/Highlight.h>
 #include <ostrel/gui/paint/detail/PaintSnapshot.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/SystemLook.h>
@@ -97,6 +99,23 @@ void BlendOverPicture(CGridCell const& cell, CPaintContext const& context, unsig
     }
 }
 
+/// The space right of the last column lights up with a row that was updated as a whole, and goes out with it.
+void RequestFillerPaint(CGridCell const& cell, CPaintContext const& context, unsigned int filter)
+{
+    CGridItem* const item = cell.GetGridLine().GetItem();
+    Detail::GridArea* const area = item != nullptr ? Detail::GridArea::Of(*item) : nullptr;
+    if (area == nullptr || CPaintHelper::GetHighlightBackColorBlend(cell, context, filter).GetOpacity() == 0)
+    {
+        return;
+    }
+    int const elapsedMs = Detail::GridUpdates::ElapsedMs(*item, Detail::kNoField);
+    int const delayMs = Detail::NextPaintDelay(elapsedMs, cell.GetPaintInfo().GetHighlightSettings());
+    if (delayMs > 0)
+    {
+        area->Core().Repaints().RepaintFiller(*item, delayMs);
+    }
+}
+
 void FillAround(CDC& dc, CRect const& outer, CRect const& inner, COLORREF color)
 {
     dc.FillSolidRect(CRect(outer.left, outer.top, outer.right, inner.top), color);
@@ -179,7 +198,11 @@ CString CCellPaintFormat::GetFormatName()
 
 void CCellPaintFormat::OnNextPaintRequest(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
 {
-    if (int const delayMs = CPaintHelper::GetNextPaintDelay(cell, context, filter); delayMs > 0)
+    if (cell.GetColumn() == nullptr)
+    {
+        RequestFillerPaint(cell, context, filter);
+    }
+    else if (int const delayMs = CPaintHelper::GetNextPaintDelay(cell, context, filter); delayMs > 0)
     {
         cell.RequestNextPaint(delayMs);
     }

@@ -1,5 +1,7 @@
 #include "PaintScene.h"
 
+#include <algorithm>
+
 #include <ostrel/common/dataobject/FieldMapBuilder.h>
 #include <ostrel/platform/display/headless/HeadlessDisplay.h>
 #include <ostrel/platform/window/MessageLoop.h>
@@ -78,13 +80,33 @@ Platform::Surface Scene::Paint(std::vector<CRect> const& areas)
 Platform::Surface Scene::Show()
 {
     m_frame.ShowWindow(SW_SHOW);
+    return Shown();
+}
+
+Platform::Surface Scene::Shown()
+{
     Platform::ProcessPending();
     CRect window;
     grid.GetWindowRect(&window);
-    Platform::Surface const screen = Platform::HeadlessDisplay::OfThread().Screenshot();
+    Platform::HeadlessWindow const* const frame = Platform::HeadlessDisplay::OfThread().WindowAt(window.TopLeft());
+    window.OffsetRect(-frame->Bounds().left, -frame->Bounds().top);
     Platform::Surface shown(window.Width(), window.Height());
-    shown.CopyFrom(screen, window, CPoint(0, 0));
+    shown.CopyFrom(frame->Pixels(), window, CPoint(0, 0));
     return shown;
+}
+
+std::string FirstDifference(Platform::Surface const& a, Platform::Surface const& b)
+{
+    for (int y = 0; y < a.Height(); ++y)
+    {
+        auto const* const rowOfA = a.Row(y);
+        auto const [inA, inB] = std::mismatch(rowOfA, rowOfA + a.Width(), b.Row(y));
+        if (inA != rowOfA + a.Width())
+        {
+            return "pixel " + std::to_string(inA - rowOfA) + ", " + std::to_string(y);
+        }
+    }
+    return {};
 }
 
 std::string PixelsRight(Platform::Surface const& surface, CPoint from, int count, COLORREF ink)

@@ -62,6 +62,8 @@ public:
 
     /// Shows the window; what the display then shows of the grid.
     [[nodiscard]] Ostrel::Platform::Surface Show();
+    /// What the display shows of the grid when all that is due has been done.
+    [[nodiscard]] Ostrel::Platform::Surface Shown();
 
     /// Top of a scrollable row when nothing is fixed and nothing is scrolled.
     [[nodiscard]] static int RowTop(int row) { return kHeaderHeight + row * kRowHeight; }
@@ -74,6 +76,9 @@ private:
     CFrameWnd m_frame;
     std::vector<std::unique_ptr<Row>> m_rows;
 };
+
+/// Empty when both are alike, else where the first pixel is that differs.
+[[nodiscard]] std::string FirstDifference(Ostrel::Platform::Surface const& a, Ostrel::Platform::Surface const& b);
 
 /// One letter a pixel: '#' where it has the colour, '.' elsewhere. From a point to the right, or downward.
 [[nodiscard]] std::string PixelsRight(Ostrel::Platform::Surface const& surface, CPoint from, int count, COLORREF ink);

@@ -22,7 +22,7 @@ bool GridSelection::SetSelected(CGridItem& item, bool select)
     m_core.Notifier().Row(SelectionChanged, item);
     if (row >= 0)
     {
-        m_core.View().InvalidateRowAndBorders(row, type);
+        m_core.View().InvalidateRowsAndBorders(row, row, type);
     }
     return true;
 }
@@ -88,7 +88,7 @@ void GridSelection::SelectAll()
         {
             std::vector<CGridItem*> changed;
             m_core.Area(type)->SelectAllVisible(m_core.Notifier().IsHeard() ? &changed : nullptr);
-            m_core.View().InvalidateArea(type);
+            m_core.View().InvalidateRowsAndBorders(0, m_core.Area(type)->RowCount() - 1, type);
             m_core.Notifier().Rows(SelectionChanged, changed);
         }
     }

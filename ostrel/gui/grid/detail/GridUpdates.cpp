@@ -174,8 +174,11 @@ void GridUpdates::Reposition(GridArea& area, CGridItem& item)
     }
     if (move.from >= 0)
     {
-        m_core.View().InvalidateRows(std::min(move.from, move.to), std::max(move.from, move.to) + move.count - 1,
-                                     area.Type());
+        int const first = std::min(move.from, move.to);
+        int const last = std::max(move.from, move.to) + move.count - 1;
+        bool const hasFrames = m_core.Fixed().SelectedCount() + m_core.Scrollable().SelectedCount() > 0;
+        hasFrames ? m_core.View().InvalidateRowsAndBorders(first, last, area.Type())
+                  : m_core.View().InvalidateRows(first, last, area.Type());
         if (isScrollable)
         {
             m_core.Scroller().OnRowMoved(move, anchor);

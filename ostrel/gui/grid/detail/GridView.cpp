@@ -172,26 +172,23 @@ void GridView::InvalidateRow(int row, ContextType type)
     InvalidateRows(row, row, type);
 }
 
-void GridView::InvalidateRowAndBorders(int row, ContextType type)
+void GridView::InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType type)
 {
     GridGeometry const geometry = Geometry();
-    if (!IsShown(row, type))
-    {
-        return;
-    }
     int const border = LineWidth();
-    CRect rect = RowRect(row, type);
-    rect.InflateRect(0, border);
-    if (type == FixedContext && row == geometry.fixedRows - 1)
+    CRect const fixed = geometry.FixedRect();
+    CRect const scrollable = geometry.ScrollableRect();
+    int const top = RowRect(firstRow, type).top - border;
+    int const bottom = RowRect(lastRow, type).bottom + border;
+    InvalidateRect(CRect(0, top, geometry.client.cx, bottom) & ContextVisibleRect(type));
+    if (type == FixedContext && lastRow == geometry.fixedRows - 1)
     {
-        rect.bottom = geometry.ScrollableRect().top + border;
+        InvalidateRect(CRect(0, scrollable.top, geometry.client.cx, scrollable.top + border) & scrollable);
     }
-    if (type == ScrollableContext && row == 0 && geometry.fixedRows > 0)
+    if (type == ScrollableContext && firstRow == 0)
     {
-        rect.top = geometry.FixedRect().bottom - border;
+        InvalidateRect(CRect(0, fixed.bottom - border, geometry.client.cx, fixed.bottom) & fixed);
     }
-    rect.top = std::max<int>(rect.top, geometry.FixedRect().top);
-    InvalidateRect(rect);
 }
 
 void GridView::InvalidateRows(int firstRow, int lastRow, ContextType type)
@@ -210,14 +207,18 @@ void GridView::InvalidateRows(int firstRow, int lastRow, ContextType type)
 void GridView::InvalidateFrom(int row, ContextType type)
 {
     GridGeometry const geometry = Geometry();
-    if (type == ScrollableContext)
+    if (type == FixedContext)
     {
-        InvalidateRect(geometry.ScrollableRectFrom(row));
+        CRect rect = geometry.FixedRectFrom(row - 1);
+        rect.bottom = geometry.client.cy;
+        InvalidateRect(rect);
         return;
     }
-    CRect rect(0, geometry.FixedRowRect(row).top, geometry.client.cx, geometry.client.cy);
-    rect.top = std::max<int>(rect.top, geometry.FixedRect().top);
-    InvalidateRect(rect);
+    InvalidateRect(geometry.ScrollableRectFrom(row - 1));
+    if (row == 0 && geometry.fixedRows > 0)
+    {
+        InvalidateRow(geometry.fixedRows - 1, FixedContext);
+    }
 }
 
 void GridView::InvalidateCell(int row, ContextType type, long fieldId)
@@ -242,6 +243,17 @@ void GridView::InvalidateCell(int row, ContextType type, long fieldId)
     rect.left = std::max<int>(rect.left, title.left);
     rect.right = std::min<int>(rect.right, title.right);
     InvalidateRect(rect);
+}
+
+void GridView::InvalidateFiller(int row, ContextType type)
+{
+    if (IsShown(row, type))
+    {
+        CRect rect = RowRect(row, type) & ContextVisibleRect(type);
+        GridColumns const& columns = m_core.Columns();
+        rect.left = std::max(columns.TotalWidth() - m_core.Scroller().HorizontalPosition(), columns.FixedWidth());
+        InvalidateRect(rect);
+    }
 }
 
 void GridView::InvalidateHeader()

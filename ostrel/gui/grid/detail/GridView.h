@@ -40,13 +40,16 @@ public:
     void InvalidateAll(bool erase = false);
     void InvalidateArea(ContextType type);
     void InvalidateRow(int row, ContextType type);
-    /// With the lines above and below it, where a selection frame crosses the row's border.
-    void InvalidateRowAndBorders(int row, ContextType type);
+    /// With the lines above and below them, where the neighbours' selection frames are.
+    void InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType type);
     void InvalidateRows(int firstRow, int lastRow, ContextType type);
-    /// From the row on down. In the fixed area everything below it too: the scrollable rows may have moved.
+    /// From the row on down, with the row above it: its frame and its expand button depend on what follows. In the
+    /// fixed area everything below it too: the scrollable rows may have moved.
     void InvalidateFrom(int row, ContextType type);
     /// The cell of a field, or the whole row for a field identifier below 0.
     void InvalidateCell(int row, ContextType type, long fieldId);
+    /// The space right of the last column.
+    void InvalidateFiller(int row, ContextType type);
     void InvalidateHeader();
     void InvalidateRect(CRect const& rect, bool erase = false);
 

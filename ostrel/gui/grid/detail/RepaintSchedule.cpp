@@ -60,6 +60,13 @@ void RepaintSchedule::RepaintCell(CGridItem& item, long fieldId, int delayMs)
     Schedule(delayMs);
 }
 
+// Its deadline stands in the records of the cells, under the identifier that no field has.
+void RepaintSchedule::RepaintFiller(CGridItem& item, int delayMs)
+{
+    item.Updates().FindOrAdd(kNoField, GridTimeMs()).repaintDeadlineMs = DeadlineIn(delayMs);
+    Schedule(delayMs);
+}
+
 void RepaintSchedule::Schedule(int delayMs)
 {
     if (m_core.Grid().GetSafeHwnd() == nullptr)
@@ -108,7 +115,8 @@ std::optional<int> RepaintSchedule::CheckRow(CGridItem& item, int row, std::int3
         if (left <= 0)
         {
             cell.repaintDeadlineMs = -1;
-            m_core.View().InvalidateCell(row, type, cell.fieldId);
+            cell.fieldId == kNoField ? m_core.View().InvalidateFiller(row, type)
+                                     : m_core.View().InvalidateCell(row, type, cell.fieldId);
         }
         else
         {

@@ -19,6 +19,8 @@ public:
     void RepaintRow(CGridItem& item, int delayMs);
     /// The whole row for a field identifier below 0.
     void RepaintCell(CGridItem& item, long fieldId, int delayMs);
+    /// The space right of the last column; the delay is at least 1.
+    void RepaintFiller(CGridItem& item, int delayMs);
 
     void OnTimer();
     void OnDestroy() noexcept { m_isPending = false; }

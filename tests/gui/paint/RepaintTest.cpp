@@ -1,0 +1,154 @@
+// What the window shows after any change is what painting all of it anew would show: nothing is left behind by moved
+// pixels or by areas that were not invalidated.
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include <ostrel/platform/base/Clock.h>
+#include <ostrel/platform/drawing/SystemLook.h>
+#include <ostrel/platform/window/MessageLoop.h>
+
+#include "PaintScene.h"
+
+using namespace Ostrel;
+using namespace Ostrel::GUI;
+using namespace PaintTest;
+using Platform::Surface;
+
+namespace
+{
+
+class RandomUser
+{
+public:
+    explicit RandomUser(unsigned seed)
+        : m_random(seed),
+          m_scene(CSize(Below(160) + 90, Below(110) + 60), {Below(90) + 10, Below(90) + 10, Below(90) + 10})
+    {
+        CAppearance appearance;
+        appearance.SetBackEvenColor(0xF0F8F0);
+        appearance.EnableVerticalLines(Maybe());
+        appearance.EnableHorizontalLines(Maybe());
+        m_scene.grid.SetAppearance(appearance);
+        m_scene.grid.AllowHighlight(true);
+        // Steps would leave cells of different ages on the screen.
+        m_scene.grid.SetHighlightSettings({500, 0, 0x80FF80, 255, 255, 0, CHighlightSettings::Back});
+        m_scene.grid.SetFlickerFreeDrawing(Maybe());
+        CFont font;
+        font.CreatePointFont(60 + 10 * Below(6), "DejaVu Sans");
+        m_scene.grid.SetFont(&font);
+        for (int row = Below(25); row > 0; --row)
+        {
+            Act(Add);
+        }
+        static_cast<void>(m_scene.Show());
+    }
+
+    std::string Step()
+    {
+        Act(static_cast<Action>(Below(kActionCount)));
+        Platform::TurnClock(20); // a change of widths is painted a little later
+        Surface const shown = m_scene.Shown();
+        m_scene.grid.Invalidate(FALSE);
+        return FirstDifference(shown, m_scene.Shown());
+    }
+    [[nodiscard]] int LastAction() const { return m_last; }
+
+private:
+    enum Action
+    {
+        ScrollDown,
+        ScrollRight,
+        Select,
+        Focus,
+        Expand,
+        Update,
+        Add,
+        Delete,
+        Resize,
+        Sort,
+        Fix,
+        Wait,
+        kActionCount
+    };
+
+    int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
+    bool Maybe() { return Below(2) == 0; }
+
+    ContextType AnyContext() { return Below(4) == 0 ? FixedContext : ScrollableContext; }
+    CGridItem* AnyRow()
+    {
+        ContextType const context = AnyContext();
+        int const count = static_cast<int>(m_scene.grid.GetRowCount(context));
+        return count > 0 ? m_scene.grid.GetItem(Below(count), context) : nullptr;
+    }
+
+    void Act(Action action)
+    {
+        m_last = action;
+        CGrid& grid = m_scene.grid;
+        CGridItem* const row = AnyRow();
+        switch (action)
+        {
+        case ScrollDown:
+            grid.SendMessage(WM_VSCROLL, static_cast<WPARAM>(Below(4)));
+            break;
+        case ScrollRight:
+            grid.SendMessage(WM_HSCROLL, static_cast<WPARAM>(Below(4)));
+            break;
+        case Select:
+            grid.Select(row, Maybe());
+            break;
+        case Focus:
+            grid.SetFocusedRow(Below(12), AnyContext());
+            break;
+        case Expand:
+            Maybe() ? grid.Expand(row, false) : grid.Collapse(row, false);
+            break;
+        case Update:
+            grid.UpdateItem(row, Below(4) - 1);
+            break;
+        case Add:
+            m_scene.AddRow(Maybe() && row != nullptr ? row : (Below(6) == 0 ? FixedRoot : ScrollableRoot),
+                           "row " + std::to_string(Below(100)), Below(100));
+            break;
+        case Delete:
+            grid.Delete(row);
+            break;
+        case Resize:
+            m_scene.Column(Below(3)).SetWidth(Below(120) + 1);
+            break;
+        case Sort:
+            m_scene.header->SetSort(0, CSortInfo(Below(3), Maybe()));
+            break;
+        case Fix:
+            m_scene.header->SetFixedColumnsCount(Below(3));
+            break;
+        default:
+            Platform::TurnClock(Below(300));
+            break;
+        }
+    }
+
+    std::mt19937 m_random;
+    Scene m_scene;
+    Action m_last = Wait;
+};
+
+} // namespace
+
+TEST(RepaintTest, ChangesLeaveNothingBehind)
+{
+    Platform::Clock::SetManual(1000);
+    for (unsigned seed = 0; seed < 40; ++seed)
+    {
+        Platform::SetScale(seed % 3 == 0 ? 2 : 1);
+        RandomUser user(seed);
+        for (int step = 0; step < 60; ++step)
+        {
+            ASSERT_EQ(user.Step(), "") << "seed " << seed << " step " << step << " action " << user.LastAction();
+        }
+    }
+    Platform::SetScale(1);
+    Platform::Clock::SetRunning();
+}
