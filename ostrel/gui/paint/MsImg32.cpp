@@ -26,6 +26,13 @@ bool CMsImg32::Load32BitImage(CImageList& imageList, CBitmap& strip, bool mask, 
     return imageList.Add(&strip, mask ? static_cast<COLORREF>(maskColor) : CLR_NONE) >= 0;
 }
 
+bool CMsImg32::Load32BitImage(CImageList& imageList, unsigned int /*resourceId*/, bool /*mask*/,
+                              unsigned long /*maskColor*/)
+{
+    imageList.DeleteImageList();
+    return false;
+}
+
 bool CMsImg32::Load32BitImage(CImageList& imageList, std::string const& pngPath, bool mask, unsigned long maskColor)
 {
     CBitmap strip;
@@ -53,6 +60,26 @@ int CMsImg32::TransparentBlt(CDC* dc, int x, int y, int width, int height, CDC* 
     return dc != nullptr
                ? dc->TransparentBlt(x, y, width, height, source, sourceX, sourceY, sourceWidth, sourceHeight, key)
                : 0;
+}
+
+int CMsImg32::GradientFill(HDC dc, TRIVERTEX const* corners, unsigned cornerCount, GRADIENT_RECT const* rects,
+                           unsigned rectCount, DWORD mode)
+{
+    return GradientFill(CDC::FromHandle(dc), corners, cornerCount, rects, rectCount, mode);
+}
+
+int CMsImg32::AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                         int sourceWidth, int sourceHeight, BLENDFUNCTION blend)
+{
+    return AlphaBlend(CDC::FromHandle(dc), x, y, width, height, CDC::FromHandle(source), sourceX, sourceY, sourceWidth,
+                      sourceHeight, blend);
+}
+
+int CMsImg32::TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                             int sourceWidth, int sourceHeight, COLORREF key)
+{
+    return TransparentBlt(CDC::FromHandle(dc), x, y, width, height, CDC::FromHandle(source), sourceX, sourceY,
+                          sourceWidth, sourceHeight, key);
 }
 
 } // namespace Ostrel::GUI

@@ -45,6 +45,8 @@ public:
     /// colour become transparent. The list is emptied first; false when the strip cannot be had or is narrower than
     /// high.
     static bool Load32BitImage(CImageList& imageList, CBitmap& strip, bool mask, unsigned long maskColor);
+    /// The same from a resource of the program. Programs here carry none: the list is emptied and the answer is false.
+    static bool Load32BitImage(CImageList& imageList, unsigned int resourceId, bool mask, unsigned long maskColor);
     static bool Load32BitImage(CImageList& imageList, std::string const& pngPath, bool mask, unsigned long maskColor);
     ///@}
 
@@ -55,6 +57,16 @@ public:
     static int AlphaBlend(CDC* dc, int x, int y, int width, int height, CDC* source, int sourceX, int sourceY,
                           int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
     static int TransparentBlt(CDC* dc, int x, int y, int width, int height, CDC* source, int sourceX, int sourceY,
+                              int sourceWidth, int sourceHeight, COLORREF key);
+    ///@}
+
+    ///@{
+    /// The same by handles; 0 for a handle that no context has.
+    static int GradientFill(HDC dc, TRIVERTEX const* corners, unsigned cornerCount, GRADIENT_RECT const* rects,
+                            unsigned rectCount, DWORD mode);
+    static int AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+                          int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
+    static int TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                               int sourceWidth, int sourceHeight, COLORREF key);
     ///@}
 };

@@ -8,6 +8,7 @@
 #include <ostrel/gui/grid/detail/RowArea.h>
 #include <ostrel/gui/paint/MsImg32.h>
 #include <ostrel/gui/paint/PaintHelper.h>
+#include <ostrel/gui/paint/detail/PaintSnapshot.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/ImageList.h>
 
@@ -15,6 +16,9 @@ namespace Ostrel::GUI
 {
 namespace
 {
+
+/// Pixels of stretched images that stay transparent.
+constexpr COLORREF kKeyColor = 0xEAEEED;
 
 /// Where the frame of a line runs in a cell, and which of its sides are in it.
 struct CellFrame
@@ -87,21 +91,16 @@ void DrawFilledTriangle(CDC& dc, CPoint const (&corners)[3], COLORREF fill, COLO
 }
 
 /// The image scaled to the rectangle; pixels of the key colour stay transparent.
-bool DrawStretched(CGridCell const& cell, CDC& dc, CRect const& target, CSize imageSize, COLORREF ground)
+bool DrawStretched(CGridCell const& cell, CPaintContext const& context, CRect const& target, CSize imageSize,
+                   COLORREF ground)
 {
-    constexpr COLORREF kKeyColor = 0xEAEEED;
-    CDC memory;
-    CBitmap bitmap;
-    if (!memory.CreateCompatibleDC(&dc) || !bitmap.CreateCompatibleBitmap(&dc, imageSize.cx, imageSize.cy))
-    {
-        return false;
-    }
-    CBitmap* const previous = memory.SelectObject(&bitmap);
-    memory.FillSolidRect(0, 0, imageSize.cx, imageSize.cy, ground);
-    cell.GetImageList()->Draw(&memory, cell.GetImageId(), CPoint(0, 0), ILD_TRANSPARENT);
-    int const drawn = CMsImg32::TransparentBlt(&dc, target.left, target.top, target.Width(), target.Height(), &memory,
-                                               0, 0, imageSize.cx, imageSize.cy, kKeyColor);
-    memory.SelectObject(previous);
+    Detail::StretchedImages ownImages; // where no pass shares them
+    Detail::PaintSnapshot const* const snapshot = context.Snapshot();
+    Detail::StretchedImages& images = snapshot != nullptr ? snapshot->Images() : ownImages;
+    Detail::ImageOnGround& image = images.Get(*cell.GetImageList(), cell.GetImageId(), imageSize, ground);
+    int const drawn =
+        CMsImg32::TransparentBlt(&context.GetDC(), target.left, target.top, target.Width(), target.Height(),
+                                 &image.GetDC(), 0, 0, imageSize.cx, imageSize.cy, kKeyColor);
     return drawn != 0;
 }
 
@@ -319,7 +318,6 @@ void CPaintHelper::DrawHorizontalLines(CGridCell const& cell, unsigned long colo
 void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context, CRect const& rect,
                              unsigned long backColor, bool transparent)
 {
-    constexpr COLORREF kKeyColor = 0xEAEEED;
     IMAGEINFO info{};
     if (cell.GetImageList() == nullptr || !cell.GetImageList()->GetImageInfo(cell.GetImageId(), &info))
     {
@@ -330,7 +328,7 @@ void CPaintHelper::DrawImage(CGridCell const& cell, CPaintContext const& context
     target.DeflateRect(Platform::Scaled(1), Platform::Scaled(1));
     CellClip const clip(context.GetDC(), cell, rect.right);
     COLORREF const ground = transparent ? kKeyColor : static_cast<COLORREF>(backColor);
-    if (!cell.GetStretchImage() || !DrawStretched(cell, context.GetDC(), target, size, ground))
+    if (!cell.GetStretchImage() || !DrawStretched(cell, context, target, size, ground))
     {
         DrawPlain(cell, context.GetDC(), rect, size);
     }

@@ -11,6 +11,7 @@
 #include <ostrel/platform/base/Clock.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/MessageLoop.h>
+#include <ostrel/platform/window/PaintDC.h>
 
 #include "PaintScene.h"
 
@@ -179,6 +180,49 @@ TEST(PaintPassTest, FadingCellsAreRepaintedStepByStep)
     Ostrel::Platform::TurnClock(2000);
     EXPECT_EQ(recorder.Take(), "");
     Ostrel::Platform::Clock::SetRunning();
+}
+
+TEST(PaintPassTest, OneRowIsPaintedWhenOneRowIsScrolled)
+{
+    Recorder recorder;
+    Scene scene({300, 100});
+    scene.grid.SetCustomDraw(&recorder);
+    for (int row = 0; row < 40; ++row)
+    {
+        scene.AddRow();
+    }
+    static_cast<void>(scene.Show());
+    CRect window;
+    scene.grid.GetWindowRect(&window);
+    int const height = scene.grid.GetItemHeight(scene.grid.GetItem(0, ScrollableContext));
+    int const rows = 4;
+    scene.grid.SetWindowPos(nullptr, 0, 0, window.Width(),
+                            scene.grid.GetContextVisibleRect(ScrollableContext).top + rows * height + window.Height() -
+                                scene.grid.GetContextVisibleRect(ScrollableContext).bottom,
+                            SWP_NOMOVE | SWP_NOZORDER);
+    static_cast<void>(scene.Shown());
+    static_cast<void>(recorder.Take());
+    scene.grid.SendMessage(WM_VSCROLL, SB_LINEDOWN);
+    static_cast<void>(scene.Shown());
+    EXPECT_EQ(recorder.Take(), "row 4: Name Count Price -; ");
+}
+
+TEST(PaintPassTest, ChildWindowsAreLeftAlone)
+{
+    Scene scene({300, 100});
+    scene.AddRow();
+    CWnd child;
+    child.CreateEx(0, nullptr, "", WS_CHILD | WS_VISIBLE, CRect(20, 25, 60, 40), &scene.grid, 1);
+    static_cast<void>(scene.Show());
+    {
+        CClientDC dc(&child);
+        dc.FillSolidRect(CRect(0, 0, 40, 15), kUntouched);
+    }
+    CRect const row(0, 20, 300, 60);
+    scene.grid.RedrawWindow(&row, nullptr, RDW_INVALIDATE | RDW_NOCHILDREN | RDW_UPDATENOW);
+    Surface const shown = scene.Shown();
+    EXPECT_EQ(PixelsRight(shown, {18, 30}, 44, kUntouched), ".." + std::string(40, '#') + "..");
+    child.DestroyWindow();
 }
 
 TEST(PaintPassTest, HighlightOverlayNeedsFilterAndPermission)

@@ -9,6 +9,7 @@
 #include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 #include <ostrel/platform/window/PaintDC.h>
+#include <ostrel/platform/window/WindowApi.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -30,6 +31,26 @@ std::vector<CRect> AreasToPaint(HWND window)
         return {region.Bounds()};
     }
     return {rects.begin(), rects.end()};
+}
+
+HWND FirstChild(CGrid const& grid)
+{
+    return ::GetWindow(grid.GetSafeHwnd(), GW_CHILD);
+}
+
+// Windows in the grid paint themselves.
+void ExcludeChildren(CDC& dc, CGrid const& grid)
+{
+    for (HWND child = FirstChild(grid); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
+    {
+        if (::IsWindowVisible(child) != FALSE)
+        {
+            CRect place;
+            ::GetWindowRect(child, &place);
+            grid.ScreenToClient(&place);
+            dc.ExcludeClipRect(&place);
+        }
+    }
 }
 } // namespace
 
@@ -130,7 +151,8 @@ bool GridLooks::CanScrollPixels(int distance) const
 {
     bool const hasDots = appearance.IsVerticalLinesEnabled() && (paintFilter & PaintVerticalLines) != 0;
     bool const keepsDots = !hasDots || NextDot(distance) == distance;
-    return keepsDots && m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty();
+    return keepsDots && m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty() &&
+           FirstChild(m_core.Grid()) == nullptr;
 }
 
 void GridLooks::Paint()
@@ -151,6 +173,7 @@ void GridLooks::Paint()
     state.backgroundImage = m_buffers.Background();
     state.backgroundImageRect = m_buffers.BackgroundRect();
     m_core.Mouse().DescribePaintState(state);
+    ExcludeChildren(dc, grid);
     PaintGrid(grid, state, dc, areas);
 }
 } // namespace Ostrel::GUI::Detail

@@ -1,8 +1,8 @@
 // What a paint pass reads once for all its cells: the columns with their places and settings, and the grid's switches.
 // The cells then need no header look-up and no lock. It keeps the columns of its moment alive.
 //
-// The mutable members are memos of the pass, not state of the grid: the last time look-up and the last column found. A
-// snapshot belongs to the grid's thread.
+// The mutable members are memos of the pass, not state of the grid: the last time look-up, the last column found, the
+// images stretched so far. A snapshot belongs to the grid's thread.
 #pragma once
 
 #include <algorithm>
@@ -13,6 +13,7 @@
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/paint/Appearance.h>
 #include <ostrel/gui/paint/PaintContext.h>
+#include <ostrel/gui/paint/detail/StretchedImages.h>
 
 namespace Ostrel::GUI
 {
@@ -52,6 +53,8 @@ struct PaintSnapshot
     /// Milliseconds since the field's last update in the row, negative for never. Asks the grid once for each cell.
     [[nodiscard]] int ElapsedSinceUpdate(CGrid const& grid, CGridItem* item, long fid) const;
 
+    [[nodiscard]] StretchedImages& Images() const noexcept { return m_images; }
+
     std::shared_ptr<HeaderLayout const> layout;
     std::vector<PaintColumn> columns; ///< in visual order, the fixed ones first
     int fixedRight = 0;               ///< right edge of the fixed columns
@@ -65,6 +68,7 @@ private:
     mutable CGridItem* m_elapsedItem = nullptr;
     mutable long m_elapsedFid = 0;
     mutable int m_elapsed = -1;
+    mutable StretchedImages m_images;
 };
 
 /// The context's snapshot, or one taken now for a context that has none.
