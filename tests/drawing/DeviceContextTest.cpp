@@ -87,6 +87,43 @@ TEST(ShapeTest, PolygonsRectanglesAndFrames)
     EXPECT_EQ(canvas.dc.GetPixel(0, 3), RGB(2, 2, 2));
 }
 
+// In every row the inside of a polygon reaches from outline to outline, and never beyond.
+TEST(ShapeTest, FillsReachTheOutline)
+{
+    constexpr COLORREF kOutline = RGB(0, 0, 250);
+    POINT const shapes[][3] = {{{2, 2}, {20, 11}, {2, 20}},
+                               {{20, 2}, {2, 11}, {20, 20}},
+                               {{11, 1}, {21, 6}, {3, 19}},
+                               {{1, 3}, {22, 4}, {9, 21}}};
+    for (POINT const(&corners)[3] : shapes)
+    {
+        Canvas filled(24, 24);
+        Canvas outline(24, 24);
+        CPen pen(PS_SOLID, 1, kOutline);
+        CBrush brush(kRed);
+        for (Canvas* const canvas : {&filled, &outline})
+        {
+            canvas->dc.SelectObject(&pen);
+            canvas->dc.SelectObject(&brush);
+        }
+        filled.dc.Polygon(corners, 3);
+        POINT const closed[] = {corners[0], corners[1], corners[2], corners[0]};
+        outline.dc.Polyline(closed, 4);
+        for (int y = 0; y < 24; ++y)
+        {
+            std::string const row = outline.Picture(CRect(0, y, 24, y + 1));
+            std::size_t const first = row.find('#');
+            std::string expected(24, '.');
+            if (first != std::string::npos)
+            {
+                std::size_t const last = row.rfind('#');
+                expected.replace(first, last - first + 1, last - first + 1, '#');
+            }
+            EXPECT_EQ(filled.Picture(CRect(0, y, 24, y + 1)), expected + '\n') << corners[0].x << ' ' << y;
+        }
+    }
+}
+
 // Every primitive under a clip gives the pixels of the whole picture inside the clip and none outside.
 TEST(ClipTest, ClippedDrawingIsTheWholeDrawingInsideTheClip)
 {

@@ -608,7 +608,7 @@ void CDC::ThickSegment(CPoint from, CPoint to)
                      point.y + static_cast<LONG>(std::floor(0.5 + side * dx * half))};
     };
     POINT const corners[] = {corner(from, 1), corner(to, 1), corner(to, -1), corner(from, -1)};
-    m_target->Polygon(corners, m_state.penColor, Clip());
+    m_target->Polygon(corners, DrawTarget::Corners::BetweenPixels, m_state.penColor, Clip());
 }
 
 BOOL CDC::Polygon(POINT const* points, int count)
@@ -621,7 +621,9 @@ BOOL CDC::Polygon(POINT const* points, int count)
     {
         std::vector<POINT> moved(static_cast<std::size_t>(count));
         std::transform(points, points + count, moved.begin(), [this](POINT point) { return ToTarget(point); });
-        m_target->Polygon(moved, m_state.brushColor, Clip());
+        using Corners = DrawTarget::Corners;
+        bool const hasOutline = m_state.penStyle != PS_NULL && m_state.penWidth == 1;
+        m_target->Polygon(moved, hasOutline ? Corners::OnPixels : Corners::BetweenPixels, m_state.brushColor, Clip());
     }
     for (int i = 0; i < count; ++i)
     {

@@ -79,8 +79,15 @@ public:
     virtual void Dots(CRect const& rect, int phase, COLORREF color, ClipRects clip) = 0;
     /// A line of one pixel from the first point up to, not including, the last.
     virtual void Line(CPoint from, CPoint to, COLORREF color, ClipRects clip) = 0;
-    /// The inside of a closed polygon (even-odd).
-    virtual void Polygon(std::span<POINT const> points, COLORREF color, ClipRects clip) = 0;
+    /// Where the corners of a polygon lie: on the edges between pixels, or, for one that has an outline of one pixel
+    /// through its corners, in the middle of their pixels.
+    enum class Corners
+    {
+        BetweenPixels,
+        OnPixels
+    };
+    /// The inside of a closed polygon (even-odd), without the outline.
+    virtual void Polygon(std::span<POINT const> points, Corners corners, COLORREF color, ClipRects clip) = 0;
     /// A picture's rectangle `from` scaled to `to`.
     virtual void Picture(Surface const& source, CRect const& from, CRect const& to, PictureMode const& mode,
                          ClipRects clip) = 0;

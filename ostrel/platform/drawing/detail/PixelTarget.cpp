@@ -217,17 +217,18 @@ void PixelTarget::Line(CPoint from, CPoint to, COLORREF color, ClipRects clip)
     }
 }
 
-void PixelTarget::Polygon(std::span<POINT const> points, COLORREF color, ClipRects clip)
+void PixelTarget::Polygon(std::span<POINT const> points, Corners corners, COLORREF color, ClipRects clip)
 {
     if (points.empty())
     {
         return;
     }
+    double const middle = corners == Corners::OnPixels ? 0 : 0.5; // of a pixel, from its number
     CRect const bounds = BoundsOf(clip);
     auto const [highest, lowest] = std::ranges::minmax(points, {}, &POINT::y);
     for (int y = std::max(bounds.top, highest.y); y < std::min(bounds.bottom, lowest.y); ++y)
     {
-        double const center = y + 0.5;
+        double const center = y + middle;
         m_crossings.clear();
         for (std::size_t i = 0; i < points.size(); ++i)
         {
@@ -242,8 +243,8 @@ void PixelTarget::Polygon(std::span<POINT const> points, COLORREF color, ClipRec
         std::ranges::sort(m_crossings);
         for (std::size_t i = 0; i + 1 < m_crossings.size(); i += 2)
         {
-            Fill(CRect(static_cast<int>(std::ceil(m_crossings[i] - 0.5)), y,
-                       static_cast<int>(std::ceil(m_crossings[i + 1] - 0.5)), y + 1),
+            Fill(CRect(static_cast<int>(std::ceil(m_crossings[i] - middle)), y,
+                       static_cast<int>(std::ceil(m_crossings[i + 1] - middle)), y + 1),
                  color, clip);
         }
     }

@@ -30,7 +30,7 @@ public:
     void Invert(CRect const& rect, ClipRects clip) override;
     void Dots(CRect const& rect, int phase, COLORREF color, ClipRects clip) override;
     void Line(CPoint from, CPoint to, COLORREF color, ClipRects clip) override;
-    void Polygon(std::span<POINT const> points, COLORREF color, ClipRects clip) override;
+    void Polygon(std::span<POINT const> points, Corners corners, COLORREF color, ClipRects clip) override;
     void Picture(Surface const& source, CRect const& from, CRect const& to, PictureMode const& mode,
                  ClipRects clip) override;
     void FontMetrics(FontId font, TEXTMETRIC& metrics) override;
