@@ -1,4 +1,5 @@
 #include <ostrel/platform/drawing/Rgn.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 #include "WindowTest.h"
 
@@ -51,6 +52,32 @@ TEST_F(PaintTest, ChildrenAndSiblingsKeepToTheirPlaces)
     low.BringWindowToTop();
     ProcessPending();
     EXPECT_EQ(ColorAt(45, 45), kRed);
+}
+
+TEST_F(PaintTest, BordersAreAsWideAsTheSpaceForThem)
+{
+    for (double const scale : {1.0, 2.0})
+    {
+        SetScale(scale);
+        for (bool const isField : {false, true})
+        {
+            HookedWnd child;
+            child.color = kGreen;
+            ASSERT_TRUE(child.CreateEx(isField ? WS_EX_CLIENTEDGE : 0, nullptr, "",
+                                       WS_CHILD | WS_VISIBLE | (isField ? 0 : WS_BORDER), CRect(10, 10, 60, 60),
+                                       &parent, 0));
+            ProcessPending();
+            CPoint inside;
+            child.ClientToScreen(&inside);
+            int const width = inside.x - 110;
+            EXPECT_GE(width, 1);
+            EXPECT_EQ(ColorAt(10, 30), GetSysColor(COLOR_WINDOWFRAME));
+            EXPECT_EQ(ColorAt(10 + width - 1, 30), GetSysColor(isField ? COLOR_WINDOW : COLOR_WINDOWFRAME));
+            EXPECT_EQ(ColorAt(59 - (width - 1), 30), GetSysColor(isField ? COLOR_WINDOW : COLOR_WINDOWFRAME));
+            EXPECT_EQ(ColorAt(10 + width, 30), kGreen);
+        }
+    }
+    SetScale(1);
 }
 
 TEST_F(PaintTest, ClipChildrenLeavesThemAlone)

@@ -84,16 +84,19 @@ LRESULT HitTest(Window const& window, CPoint screenPoint)
 
 void PaintBorder(Window const& window, CDC& dc)
 {
-    int const frame = FrameWidth(window.style, window.exStyle);
+    bool const isField = (window.exStyle & WS_EX_CLIENTEDGE) != 0;
+    int const width = FrameWidth(window.style, window.exStyle);
+    COLORREF const color = GetSysColor(isField ? COLOR_WINDOW : COLOR_WINDOWFRAME);
     CRect rect = window.WindowRect();
-    if (frame > 0 && (window.exStyle & WS_EX_CLIENTEDGE) != 0)
+    for (int line = 0; line < width; ++line)
     {
-        DrawFieldFrame(dc, rect, IsChild(window.handle, GetFocus()) != FALSE || GetFocus() == window.handle);
-    }
-    else if (frame > 0)
-    {
-        COLORREF const color = GetSysColor(COLOR_WINDOWFRAME);
         dc.Draw3dRect(&rect, color, color);
+        rect.DeflateRect(1, 1);
+    }
+    if (width > 0 && isField)
+    {
+        DrawFieldFrame(dc, window.WindowRect(),
+                       IsChild(window.handle, GetFocus()) != FALSE || GetFocus() == window.handle);
     }
 }
 
