@@ -15,6 +15,11 @@
 #include <ostrel/platform/base/String.h>
 #include <ostrel/platform/window/Wnd.h>
 
+namespace Ostrel::Platform
+{
+enum class ColorScheme;
+}
+
 namespace Ostrel::GUI
 {
 namespace Detail
@@ -479,12 +484,14 @@ public:
     // --- Looks ---
 
     ///@{
-    /// Colours and grid lines. Whoever changes it through the reference, on the grid's thread, also has it repainted;
-    /// setting repaints.
+    /// Colours and grid lines in the colour scheme that is on (CPreferences::SetColorScheme). Whoever changes it
+    /// through the reference, on the grid's thread, also has it repainted; setting repaints.
     CAppearance& GetAppearance();
     CAppearance const& GetAppearance() const;
     void SetAppearance(CAppearance const& appearance);
     ///@}
+    /// The same for either colour scheme.
+    void SetAppearance(CAppearance const& appearance, Platform::ColorScheme scheme);
 
     ///@{
     /// The picture behind the rows. Set it to show a change.
@@ -666,9 +673,10 @@ public:
 
     // --- Persistence ---
 
-    /// The header and all settings, but no rows. Loading replaces the header by a new one of the stored class (the old
-    /// one is deleted if its AutoDelete() says so), clears the focus and sorts. Throws CArchiveException by pointer,
-    /// badSchema for a newer version; the grid is then as it was before.
+    /// The header and all settings, but no rows; of the appearances that for the light scheme. Loading replaces the
+    /// header by a new one of the stored class (the old one is deleted if its AutoDelete() says so), clears the focus
+    /// and sorts. Throws CArchiveException by pointer, badSchema for a newer version; the grid is then as it was
+    /// before.
     void Serialize(CArchive& archive) override;
     /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }

@@ -240,20 +240,25 @@ bool CGrid::IsHeaderVisible() const
 // The settings outlive the window, so a reference to them is good even when nobody can be asked any more.
 CAppearance& CGrid::GetAppearance()
 {
-    return m_core->Looks().appearance;
+    return m_core->Looks().Appearance();
 }
 
 CAppearance const& CGrid::GetAppearance() const
 {
-    return m_core->Looks().appearance;
+    return m_core->Looks().Appearance();
 }
 
 void CGrid::SetAppearance(CAppearance const& appearance)
 {
+    SetAppearance(appearance, Platform::GetColorScheme());
+}
+
+void CGrid::SetAppearance(CAppearance const& appearance, Platform::ColorScheme scheme)
+{
     m_core->Thread().Call<GridOperation::SetAppearance>(
         [&]()
         {
-            m_core->Looks().appearance = appearance;
+            m_core->Looks().Appearance(scheme) = appearance;
             m_core->View().InvalidateAll();
         });
 }

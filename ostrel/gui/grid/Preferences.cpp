@@ -9,6 +9,8 @@
 #include <ostrel/gui/paint/HeaderPaintFormat.h>
 #include <ostrel/gui/paint/LinePaintFormat.h>
 #include <ostrel/platform/drawing/Font.h>
+#include <ostrel/platform/drawing/SystemLook.h>
+#include <ostrel/platform/window/WindowApi.h>
 
 namespace Ostrel::GUI
 {
@@ -61,9 +63,27 @@ void CPreferences::SetFont(CFont* font)
     g_font = font;
 }
 
+void CPreferences::SetColorScheme(Platform::ColorScheme scheme)
+{
+    Platform::SetColorScheme(scheme);
+    Platform::AnnounceSystemColors();
+}
+
+Platform::ColorScheme CPreferences::GetColorScheme() noexcept
+{
+    return Platform::GetColorScheme();
+}
+
 CAppearance& CPreferences::GetDefaultAppearance()
 {
-    return Lasting<CAppearance>();
+    return GetDefaultAppearance(GetColorScheme());
+}
+
+CAppearance& CPreferences::GetDefaultAppearance(Platform::ColorScheme scheme)
+{
+    static auto* const light = new CAppearance;
+    static auto* const dark = new CAppearance(CAppearance::Dark());
+    return scheme == Platform::ColorScheme::Dark ? *dark : *light;
 }
 
 void CPreferences::SetDefaultAppearance(CAppearance& appearance)

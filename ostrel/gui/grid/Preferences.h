@@ -6,6 +6,11 @@
 
 class CFont;
 
+namespace Ostrel::Platform
+{
+enum class ColorScheme;
+}
+
 namespace Ostrel::GUI
 {
 class CAppearance;
@@ -48,11 +53,22 @@ public:
     /// font.
     static void SetFont(CFont* font);
 
+    /// Switches the whole program between the light and the dark look: the system colours, the appearance of every grid
+    /// and the default appearance at once; windows that are open are painted anew. Any thread.
+    ///
+    /// Each grid has an appearance for either scheme, and its GetAppearance and SetAppearance mean that of the scheme
+    /// which is on. So everything looks again as it did when the scheme before comes back.
+    static void SetColorScheme(Platform::ColorScheme scheme);
+    /// The scheme that is on; at first the light one. Any thread.
+    static Platform::ColorScheme GetColorScheme() noexcept;
+
     ///@{
-    /// The colours of new grids: copied into each as it is made. May be changed in place.
+    /// The colours of new grids in the scheme that is on: copied into each as it is made. May be changed in place.
     static CAppearance& GetDefaultAppearance();
     static void SetDefaultAppearance(CAppearance& appearance);
     ///@}
+    /// The same for either scheme: at first a CAppearance as it is constructed, and CAppearance::Dark().
+    static CAppearance& GetDefaultAppearance(Platform::ColorScheme scheme);
 
     ///@{
     /// The part that serves where a grid, or a column, has none of its own. Not to be deleted.

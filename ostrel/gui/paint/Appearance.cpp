@@ -5,6 +5,25 @@
 namespace Ostrel::GUI
 {
 
+CAppearance CAppearance::Dark() noexcept
+{
+    constexpr COLORREF kText = RGB(226, 229, 233);
+    constexpr COLORREF kLines = RGB(84, 90, 99);
+    constexpr COLORREF kAccent = RGB(96, 156, 240);
+    CAppearance dark;
+    dark.SetTextEvenColor(kText);
+    dark.SetTextOddColor(kText);
+    dark.SetBackEvenColor(RGB(30, 32, 36));
+    dark.SetBackOddColor(RGB(30, 32, 36));
+    dark.SetVerticalLinesColor(kLines);
+    dark.SetHorizontalLinesColor(kLines);
+    dark.SetSelectedLineColor({kAccent, 72});
+    dark.SetFocusedLineColor({kAccent, 30});
+    dark.SetSortedColumnColor({RGB(150, 150, 190), 26});
+    dark.SetMouseSelectionColor({kAccent, 64});
+    return dark;
+}
+
 void CAppearance::Serialize(CArchive& archive)
 {
     if (archive.IsStoring())

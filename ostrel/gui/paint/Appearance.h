@@ -90,6 +90,10 @@ public:
     void EnableHorizontalLines(bool enable) noexcept { m_horizontalLinesEnabled = enable; }
     ///@}
 
+    /// Light text on dark rows, to go with the dark system colours: what grids have in the dark scheme unless they are
+    /// given another. The switches are off, as at first.
+    [[nodiscard]] static CAppearance Dark() noexcept;
+
     /// Equality of all settings.
     friend bool operator==(CAppearance const&, CAppearance const&) noexcept = default;
 

@@ -7,6 +7,7 @@
 #include <deque>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include <ostrel/platform/base/ThreadAnnotations.h>
 #include <ostrel/platform/base/Types.h>
@@ -71,6 +72,8 @@ public:
         return true;
     }
 
+    /// The handles in use at this moment. Any thread.
+    [[nodiscard]] std::vector<Handle> Handles() const;
     /// How many handles are in use. Any thread.
     [[nodiscard]] std::size_t Count() const
     {
@@ -151,6 +154,22 @@ T* HandleTable<T>::Find(Handle handle) const noexcept
     }
     T* const thing = slot->thing.load(std::memory_order_acquire);
     return slot->handle.load(std::memory_order_relaxed) == handle ? thing : nullptr;
+}
+
+template <class T>
+std::vector<typename HandleTable<T>::Handle> HandleTable<T>::Handles() const
+{
+    MutexLock const lock(m_lock);
+    std::vector<Handle> handles;
+    for (DWORD number = 0; number < m_slotCount; ++number)
+    {
+        Slot const& slot = *SlotOf(number);
+        if (slot.thing.load(std::memory_order_relaxed) != nullptr)
+        {
+            handles.push_back(slot.handle.load(std::memory_order_relaxed));
+        }
+    }
+    return handles;
 }
 
 template <class T>

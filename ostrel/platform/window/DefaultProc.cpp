@@ -271,6 +271,8 @@ LRESULT DefaultOf(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
         return reinterpret_cast<LRESULT>(window.font);
     case WM_CLOSE:
         return DestroyWindow(handle), 0;
+    case WM_SYSCOLORCHANGE:
+        return RedrawWindow(handle, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_NOCHILDREN), 0;
     case WM_SETCURSOR:
         return ShowCursor(window, wParam, lParam);
     case WM_MOUSEACTIVATE:

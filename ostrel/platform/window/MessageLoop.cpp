@@ -277,6 +277,14 @@ BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return receiver != nullptr;
 }
 
+void Ostrel::Platform::AnnounceSystemColors()
+{
+    for (DWORD const token : WindowTable().Handles())
+    {
+        ::PostMessage(WindowOfToken(token), WM_SYSCOLORCHANGE);
+    }
+}
+
 BOOL PostThreadMessage(DWORD threadId, UINT message, WPARAM wParam, LPARAM lParam)
 {
     MessageQueue* const receiver = MessageQueue::OfThread(threadId);

@@ -18,7 +18,10 @@ class CRgn;
 namespace Ostrel::Platform
 {
 class Region;
-}
+
+/// Posts WM_SYSCOLORCHANGE to every window of the process: call it after system colours have changed. Any thread.
+OSTREL_PLATFORM_API void AnnounceSystemColors();
+} // namespace Ostrel::Platform
 
 using HMENU = struct MenuHandle*;   ///< a menu; always null here
 using HBRUSH = struct BrushHandle*; ///< a brush, or a SystemColorBrush

@@ -94,13 +94,13 @@ std::unique_ptr<CHeader> LoadHeader(CArchive& archive)
 
 GridArchive::Settings GridArchive::Take(GridCore& core)
 {
-    GridLooks const& looks = core.Looks();
+    GridLooks& looks = core.Looks();
     GridSelection const& selection = core.Selection();
     Settings settings{.isHeaderShown = core.Columns().IsShown(),
                       .fixedRowHeight = core.Fixed().RowHeight(),
                       .scrollableRowHeight = core.Scrollable().RowHeight(),
                       .focusable = selection.focusable,
-                      .appearance = looks.appearance,
+                      .appearance = looks.Appearance(Platform::ColorScheme::Light),
                       .paintFilter = looks.paintFilter,
                       .flickerFree = looks.flickerFree,
                       .font = std::nullopt,
@@ -141,7 +141,7 @@ void GridArchive::Apply(GridCore& core, Settings const& settings)
     core.Scrollable().SetRowHeight(settings.scrollableRowHeight);
 
     GridLooks& looks = core.Looks();
-    looks.appearance = settings.appearance;
+    looks.Appearance(Platform::ColorScheme::Light) = settings.appearance;
     looks.paintFilter = settings.paintFilter;
     looks.flickerFree = settings.flickerFree;
     looks.RestoreFont(settings.font.has_value() ? &*settings.font : nullptr);

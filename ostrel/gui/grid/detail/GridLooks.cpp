@@ -54,7 +54,16 @@ void ExcludeChildren(CDC& dc, CGrid const& grid)
 }
 } // namespace
 
-GridLooks::GridLooks(GridCore& core) : appearance(CPreferences::GetDefaultAppearance()), m_core(core) {}
+GridLooks::GridLooks(GridCore& core)
+    : m_core(core),
+      m_light(CPreferences::GetDefaultAppearance(Platform::ColorScheme::Light)),
+      m_dark(CPreferences::GetDefaultAppearance(Platform::ColorScheme::Dark))
+{}
+
+CAppearance& GridLooks::Appearance(Platform::ColorScheme scheme) noexcept
+{
+    return scheme == Platform::ColorScheme::Dark ? m_dark : m_light;
+}
 
 void GridLooks::SetFont(CFont const* font)
 {

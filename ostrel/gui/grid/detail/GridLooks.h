@@ -29,7 +29,6 @@ class GridLooks
 public:
     explicit GridLooks(GridCore& core);
 
-    CAppearance appearance;
     CBackgroundImage backgroundImage;
     CHighlightSettings highlight{2000, 0x0000FF, 0x0000FF, 150, 150, 30, CHighlightSettings::BackFading};
     unsigned int paintFilter = PaintAll;
@@ -39,6 +38,10 @@ public:
     bool stretchImages = false;
     bool drawSeparator = true;
     int separatorHeight = Platform::Scaled(2);
+
+    /// For a colour scheme; that of the scheme that is on.
+    [[nodiscard]] CAppearance& Appearance(Platform::ColorScheme scheme) noexcept;
+    [[nodiscard]] CAppearance& Appearance() noexcept { return Appearance(Platform::GetColorScheme()); }
 
     /// Copies the font; null goes back to the preferences' font.
     void SetFont(CFont const* font);
@@ -68,6 +71,8 @@ private:
     void SetRowHeight(ContextType type, int height);
 
     GridCore& m_core;
+    CAppearance m_light;
+    CAppearance m_dark;
     std::unique_ptr<CFont> m_font;
     PaintBuffers m_buffers;
 };
