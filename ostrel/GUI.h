@@ -55,6 +55,7 @@
 #include <ostrel/gui/paint/PaintHelper.h>
 #include <ostrel/gui/paint/PaintInfo.h>
 #include <ostrel/gui/paint/ProgressCellPaintFormat.h>
+#include <ostrel/gui/paint/SpaciousDraw.h>
 #include <ostrel/gui/print/PrintSettings.h>
 #include <ostrel/gui/tooltip/ITooltip.h>
 #include <ostrel/gui/tooltip/ITooltipCtrl.h>

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "Dump.h"
-#include "MonitorDraw.h"
+#include "MonitorLook.h"
 
 namespace ProcessMonitor
 {
