@@ -567,7 +567,6 @@ public:
     void AllowCopyPaste(bool allow);
     bool IsCopyPasteAllowed() const;
     ///@}
-
     ///@{
     /// What may be copied, cut and pasted, and where pasted rows go.
     CCopyPasteSettings& GetCopyPasteSettings();
@@ -584,7 +583,6 @@ public:
     void AllowDragAndDrop(bool allow);
     bool IsDragAndDropAllowed() const;
     ///@}
-
     ///@{
     /// What may be dragged and dropped. Kept and stored in archives; this version does not act on it yet.
     CDragDropSettings& GetDragDropSettings();
@@ -655,7 +653,6 @@ public:
     CTooltipSettings const& GetTooltipSettings() const;
     void SetTooltipSettings(CTooltipSettings const& settings);
     ///@}
-
     ///@{
     /// The same for the tips that complete a text that its cell cuts off.
     CTooltipSettings& GetInPlaceTooltipSettings();
