@@ -53,7 +53,6 @@ Surface PageAt(int scale, unsigned seed)
         grid.Select(item, maybe());
     }
     grid.SetFocusedRow(below(4), maybe() ? FixedContext : ScrollableContext);
-    scene.ScrollTo(below(60) * scale);
     grid.GetAppearance().EnableVerticalLines(maybe());
     grid.GetAppearance().EnableHorizontalLines(maybe());
     grid.SetContextSeparatorHeight((2 + below(3)) * scale);
