@@ -1,3 +1,4 @@
+#include <utility>
 #include <vector>
 
 #include <ostrel/gui/grid/Preferences.h>
@@ -158,6 +159,7 @@ void GridLooks::RebuildBuffers()
 
 bool GridLooks::CanScrollPixels(int distance) const
 {
+    CAppearance const& appearance = std::as_const(m_core.Grid()).GetAppearance();
     bool const hasDots = appearance.IsVerticalLinesEnabled() && (paintFilter & PaintVerticalLines) != 0;
     bool const keepsDots = !hasDots || NextDot(distance) == distance;
     return keepsDots && m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty() &&
