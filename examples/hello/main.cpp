@@ -40,6 +40,7 @@ int main()
     header->Add(new CColumn(0, "Name", 200));
     header->Add(new CColumn(1, "Count", 100, CColumn::AlignRight));
     grid.SetHeader(header);
+    grid.SetCustomDraw(new CSpaciousDraw(true)); // and this one too
     grid.AllowHighlight(true);
 
     CCounter counter;

@@ -2,6 +2,7 @@
 #include <charconv>
 #include <set>
 
+#include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/testing/GridWindow.h>
 
 namespace Ostrel::Testing
@@ -88,6 +89,7 @@ GridWindow::GridWindow(Testing::Driver& driver, GridWindowOptions const& options
         throw DriverError("the window could not be made");
     }
     frame.SetClientWindow(&grid);
+    grid.SetFont(GUI::CPreferences::GetFont()); // rows as high as their text
     grid.SetHeader(header.release());
     frame.SetNames(this);
     frame.ShowWindow(SW_SHOW);

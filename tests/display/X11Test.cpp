@@ -263,6 +263,7 @@ protected:
                 Ostrel::Testing::TestRow{.name = "row " + std::to_string(i), .quantity = 1000 - i}));
         }
         ASSERT_TRUE(m_grid.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL, CRect(), &m_window, 1));
+        m_grid.SetFont(CPreferences::GetFont());
         auto* header = new CHeader;
         header->Add(new CColumn(TestObject::Name, "Name", 150));
         header->Add(new CColumn(TestObject::Quantity, "Quantity", 100, CColumn::AlignRight));

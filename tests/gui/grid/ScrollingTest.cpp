@@ -100,6 +100,28 @@ TEST_F(ScrollingTest, TheBarFollowsTheRows)
     EXPECT_EQ(First(), -1);
 }
 
+TEST_F(ScrollingTest, BarsThatAreNeededOnlyBecauseOfEachOtherGo)
+{
+    constexpr int kRows = 5;
+    constexpr DWORD kBoth = WS_VSCROLL | WS_HSCROLL;
+    GridWindow other(driver, {.title = "Other", .columns = "Name:395", .size = {100, 80}});
+    other.AddMany(kRows);
+    driver.RunUntilIdle();
+    CGrid& small = other.Grid();
+    EXPECT_EQ(small.GetStyle() & kBoth, kBoth);
+    auto const resize = [&](int width)
+    {
+        int const height =
+            small.GetHeader()->GetHeaderHeight() + kRows * small.GetOptimalRowHeight(ScrollableContext) + 6;
+        small.SetWindowPos(nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        driver.RunUntilIdle();
+        return small.GetStyle() & kBoth;
+    };
+    EXPECT_EQ(resize(400), 0U);
+    EXPECT_EQ(resize(394), kBoth);
+    EXPECT_EQ(resize(420), 0U);
+}
+
 TEST_F(ScrollingTest, ScrollsIntoViewJustEnoughAndMergesUntilThePaint)
 {
     Grid().EnsureVisible(page - 1);

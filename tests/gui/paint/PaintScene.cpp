@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/platform/display/headless/HeadlessDisplay.h>
 #include <ostrel/platform/window/MessageLoop.h>
 
@@ -27,6 +28,7 @@ Scene::Scene(CSize clientSize, std::vector<int> const& widths) : header(new GUI:
     m_frame.SetAutoDelete(false);
     m_frame.Create(nullptr, "scene", WS_OVERLAPPEDWINDOW, CRect(0, 0, clientSize.cx, clientSize.cy));
     grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, clientSize.cx, clientSize.cy), &m_frame, 1);
+    grid.SetFont(GUI::CPreferences::GetFont());
     char const* const names[] = {"Name", "Count", "Price"};
     for (std::size_t fid = 0; fid < widths.size(); ++fid)
     {

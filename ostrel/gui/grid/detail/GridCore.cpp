@@ -129,7 +129,6 @@ void GridCore::FinishCreation()
     m_grid.GetClientRect(&client);
     m_view.SetClientSize(client.Size());
     m_scroller.ReadWheelLines();
-    m_looks.GrowRowHeights();
     m_looks.RebuildBuffers();
     m_scroller.OnResized();
 }

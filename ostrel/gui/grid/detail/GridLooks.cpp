@@ -133,14 +133,6 @@ void GridLooks::MeasureHeights()
     MeasureRowHeights();
 }
 
-void GridLooks::GrowRowHeights()
-{
-    for (ContextType const type : {FixedContext, ScrollableContext})
-    {
-        SetRowHeight(type, std::max(m_core.Area(type)->RowHeight(), OptimalRowHeight(type)));
-    }
-}
-
 void GridLooks::RebuildBuffers()
 {
     CGrid& grid = m_core.Grid();

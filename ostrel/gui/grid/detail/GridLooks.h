@@ -56,8 +56,6 @@ public:
     void MeasureHeights();
     /// The areas only.
     void MeasureRowHeights();
-    /// Where the text would not fit into the rows.
-    void GrowRowHeights();
 
     void RebuildBuffers();
     void DropBuffers() { m_buffers.Clear(); }

@@ -259,6 +259,25 @@ void GridScroller::UpdateBars()
 {
     UpdateVerticalBar();
     UpdateHorizontalBar();
+    DropNeedlessBars();
+}
+
+// Each bar takes room, so that two of them can be needed only because of each other.
+void GridScroller::DropNeedlessBars()
+{
+    constexpr DWORD kBoth = WS_VSCROLL | WS_HSCROLL;
+    CGrid& grid = m_core.Grid();
+    if (grid.GetSafeHwnd() == nullptr || (grid.GetStyle() & kBoth) != kBoth)
+    {
+        return;
+    }
+    GridGeometry whole = m_core.View().Geometry();
+    whole.client.cx += GetSystemMetrics(SM_CXVSCROLL);
+    whole.client.cy += GetSystemMetrics(SM_CYHSCROLL);
+    if (whole.scrollableRows <= whole.FittingRows() && m_core.Columns().TotalWidth() <= whole.client.cx)
+    {
+        grid.ShowScrollBar(SB_BOTH, FALSE);
+    }
 }
 
 void GridScroller::UpdateVerticalBar()

@@ -59,6 +59,7 @@ private:
     void ScrollPixels(int rowsUp);
     void UpdateVerticalBar();
     void UpdateHorizontalBar();
+    void DropNeedlessBars();
 
     struct Bar
     {
