@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/paint/ColumnPaintFormat.h>
@@ -57,17 +55,6 @@ constexpr int kRankBars = 4;
 constexpr int kRankBarWidth = 3;
 constexpr int kRankBarGap = 2;
 constexpr int kRankBarMargin = 2; ///< right of the last bar
-
-/// What the marks of a level take of the title's right end: the bars of the further levels are wider than the triangle.
-int SortMarkWidth(SortMark const& mark, int triangleWidth)
-{
-    if (mark.level < 0)
-    {
-        return 0;
-    }
-    int const bars = kRankBars * kRankBarWidth + (kRankBars - 1) * kRankBarGap + kRankBarMargin;
-    return mark.level > 0 ? std::max(triangleWidth, Platform::Scaled(1) * bars) : triangleWidth;
-}
 
 /// Four small bars that end right above the triangle, the first `rank` of them filled.
 void DrawRankBars(CDC& dc, int right, int bottom, int rank, int unit, COLORREF color)
@@ -185,7 +172,11 @@ void CColumnPaintFormat::DrawText(CColumnPaintInfo& info, CPaintContext const& c
         return;
     }
     CRect rect = info.GetVirtualRect();
-    rect.right -= SortMarkWidth(SortMarkOf(info.GetColumn(), context), GetRequiredSortInfoWidth());
+    if (SortMarkOf(info.GetColumn(), context).level >= 0)
+    {
+        // The bars of a further level reach over the end of a long title.
+        rect.right -= GetRequiredSortInfoWidth();
+    }
     if (HasImages(context, filter) && info.GetImageId() >= 0)
     {
         rect.left += rect.Height();

@@ -3,6 +3,7 @@
 /// the device context under the names that painters call.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include <ostrel/platform/base/Export.h>
@@ -68,6 +69,29 @@ public:
                           int sourceWidth, int sourceHeight, BLENDFUNCTION blend);
     static int TransparentBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                               int sourceWidth, int sourceHeight, COLORREF key);
+    ///@}
+
+    ///@{
+    /// No context: 0.
+    static int GradientFill(std::nullptr_t /*dc*/, TRIVERTEX const* /*corners*/, unsigned /*cornerCount*/,
+                            GRADIENT_RECT const* /*rects*/, unsigned /*rectCount*/, DWORD /*mode*/) noexcept
+    {
+        return 0;
+    }
+    template <class Source>
+    static int AlphaBlend(std::nullptr_t /*dc*/, int /*x*/, int /*y*/, int /*width*/, int /*height*/, Source /*source*/,
+                          int /*sourceX*/, int /*sourceY*/, int /*sourceWidth*/, int /*sourceHeight*/,
+                          BLENDFUNCTION /*blend*/) noexcept
+    {
+        return 0;
+    }
+    template <class Source>
+    static int TransparentBlt(std::nullptr_t /*dc*/, int /*x*/, int /*y*/, int /*width*/, int /*height*/,
+                              Source /*source*/, int /*sourceX*/, int /*sourceY*/, int /*sourceWidth*/,
+                              int /*sourceHeight*/, COLORREF /*key*/) noexcept
+    {
+        return 0;
+    }
     ///@}
 };
 
