@@ -21,6 +21,16 @@ using Platform::Surface;
 namespace
 {
 
+/// Gives rows that are exactly twice as high at twice the scale, as those for a font are not, so that the grid has the
+/// same scroll bars at any scale.
+class ScaledRows : public CCustomDraw
+{
+public:
+    ScaledRows() : CCustomDraw(false) {}
+
+    int GetOptimalRowHeight(CFont* /*font*/, CDC& /*dc*/) const override { return Platform::Scaled(kRowHeight); }
+};
+
 /// The same random page at any scale.
 Surface PageAt(int scale, unsigned seed)
 {
@@ -34,8 +44,10 @@ Surface PageAt(int scale, unsigned seed)
     {
         widths.push_back((10 + below(90)) * scale);
     }
+    ScaledRows rows;
     Scene scene(CSize(size.cx * scale, size.cy * scale), widths);
     CGrid& grid = scene.grid;
+    grid.SetCustomDraw(&rows);
     for (long fid = 0; fid < 2; ++fid)
     {
         scene.Column(fid).SetName("");
@@ -62,6 +74,7 @@ Surface PageAt(int scale, unsigned seed)
     scene.state.hotColumn = scene.header->GetVisibleColumnByIndex(below(4));
     CRect const band(CPoint(below(size.cx), below(size.cy)), CSize(below(size.cx), below(size.cy)));
     scene.state.mouseSelection = CRect(band.left * scale, band.top * scale, band.right * scale, band.bottom * scale);
+    scene.ScrollTo(below(60) * scale); // last: a change of the layout would limit it
     return scene.Paint();
 }
 
