@@ -15,14 +15,18 @@ class OSTREL_GUI_API CDragImage
 public:
     /// No picture.
     CDragImage() noexcept = default;
+    /// A picture and the pointer's place in it, in pixels.
     CDragImage(CImageList* imageList, int hotSpotX, int hotSpotY) noexcept
         : m_imageList(imageList), m_hotSpotX(hotSpotX), m_hotSpotY(hotSpotY)
     {}
 
+    /// The picture, the first of the list; null for none.
     [[nodiscard]] CImageList* GetImageList() const noexcept { return m_imageList; }
-    /// The pointer's place in the picture, in pixels.
+    ///@{
+    /// The pointer's place in the picture, in pixels from its left and top edge.
     [[nodiscard]] int GetHotSpotX() const noexcept { return m_hotSpotX; }
     [[nodiscard]] int GetHotSpotY() const noexcept { return m_hotSpotY; }
+    ///@}
 
 private:
     CImageList* m_imageList = nullptr;

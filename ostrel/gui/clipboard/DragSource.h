@@ -19,6 +19,7 @@ class CHeader;
 class OSTREL_GUI_API CDragSource
 {
 public:
+    /// The rows of an area of a grid; the list must outlive the drag.
     CDragSource(CGrid& grid, ContextType context, std::vector<CGridItem*>& items, CHeader const* header) noexcept
         : m_grid(grid), m_context(context), m_items(items), m_header(header)
     {}
@@ -26,14 +27,21 @@ public:
     CDragSource& operator=(CDragSource const&) = delete;
     ~CDragSource() = default;
 
+    /// The grid that the rows come from.
     [[nodiscard]] CGrid& GetGrid() const noexcept { return m_grid; }
+    ///@{
     /// The area of the rows.
     [[nodiscard]] ContextType GetContextType() const noexcept { return m_context; }
     void SetContextType(ContextType context) noexcept { m_context = context; }
+    ///@}
     /// The rows, each followed by those of its descendants that go along.
     [[nodiscard]] std::vector<CGridItem*>& GetItems() const noexcept { return m_items; }
+    ///@{
+    /// The columns that the rows are shown in; null for none.
     [[nodiscard]] CHeader const* GetHeader() const noexcept { return m_header; }
     void SetHeader(CHeader const* header) noexcept { m_header = header; }
+    ///@}
+    /// The picture that goes with the pointer.
     [[nodiscard]] CDragImage const& GetDragImage() const noexcept { return m_image; }
     /// Returns the old picture.
     CDragImage SetDragImage(CDragImage const& image) noexcept { return std::exchange(m_image, image); }

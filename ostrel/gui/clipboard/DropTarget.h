@@ -18,6 +18,7 @@ class CGrid;
 class OSTREL_GUI_API CDropTarget
 {
 public:
+    /// What is dragged, `data`, over a grid; `keyState` and `clientPoint` as returned below.
     CDropTarget(CGrid& grid, CDropPosition const& position, COleDropTarget* dropTarget, COleDataObject* data,
                 DWORD keyState, CPoint clientPoint) noexcept
         : m_grid(grid),
@@ -31,10 +32,13 @@ public:
     CDropTarget& operator=(CDropTarget const&) = delete;
     ~CDropTarget() = default;
 
+    /// The grid under the pointer.
     [[nodiscard]] CGrid& GetGrid() const noexcept { return m_grid; }
+    /// The row and the side of it where the drop would go.
     [[nodiscard]] CDropPosition const& GetDropPosition() const noexcept { return m_position; }
     /// The grid as the platform's drop target.
     [[nodiscard]] COleDropTarget* GetDropTarget() const noexcept { return m_dropTarget; }
+    /// What is dragged.
     [[nodiscard]] COleDataObject* GetData() const noexcept { return m_data; }
     /// The MK_ flags of the platform; 8 is the Control key.
     [[nodiscard]] DWORD GetdwKeyState() const noexcept { return m_keyState; }

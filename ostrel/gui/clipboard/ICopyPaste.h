@@ -23,8 +23,11 @@ public:
         CutOperation = 2,
     };
 
+    /// Puts the selected rows on the clipboard.
     virtual bool Copy(CGrid& grid) = 0;
+    /// The same, and marks them to be moved by the paste.
     virtual bool Cut(CGrid& grid) = 0;
+    /// Puts the rows of the clipboard into a grid.
     virtual bool Paste(CPasteTarget const& target) = 0;
 };
 } // namespace Ostrel::GUI

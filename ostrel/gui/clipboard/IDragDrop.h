@@ -17,12 +17,15 @@ class OSTREL_GUI_API IDragDrop : public virtual IAutoDelete
 public:
     /// Runs a whole drag; returns its effect.
     virtual unsigned long DoDrag(CDragSource& source) = 0;
-    /// The effect that a drop here would have.
+    /// A drag comes in: the effect that a drop here would have.
     virtual unsigned long OnDragEnter(CDropTarget const& target) = 0;
+    /// The same for each move of the pointer or change of the keys.
     virtual unsigned long OnDragOver(CDropTarget const& target) = 0;
     /// Nonzero when the rows were taken.
     virtual int OnDrop(CDropTarget const& target, unsigned long effect) = 0;
+    /// The drag has left the grid or was given up.
     virtual void OnDragLeave(CGrid const& grid) = 0;
+    /// Whether the rows could be dropped here.
     [[nodiscard]] virtual bool CanDrop(CDropTarget const& target) const = 0;
 };
 } // namespace Ostrel::GUI

@@ -1,5 +1,5 @@
 /// @file
-/// How a control lies over its cell. A plain value.
+/// The place of a control over its cell.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -7,6 +7,7 @@
 namespace Ostrel::GUI
 {
 
+/// How a control lies over its cell. A plain value.
 class OSTREL_GUI_API CEmbeddedControlParams
 {
 public:
@@ -34,15 +35,21 @@ public:
           m_invalidateControl(invalidateControl)
     {}
 
+    /// Anchor bits.
     [[nodiscard]] unsigned int GetAnchors() const noexcept { return m_anchors; }
+    ///@{
+    /// Pixels between an edge of the cell and that of the control; positive is right and down.
     [[nodiscard]] int GetLeftOffset() const noexcept { return m_left; }
     [[nodiscard]] int GetTopOffset() const noexcept { return m_top; }
     [[nodiscard]] int GetRightOffset() const noexcept { return m_right; }
     [[nodiscard]] int GetBottomOffset() const noexcept { return m_bottom; }
+    ///@}
     /// Whether the control is repainted together with its cell.
     [[nodiscard]] bool GetInvalidateControl() const noexcept { return m_invalidateControl; }
+    /// Says whether it is.
     void SetInvalidateControl(bool invalidate) noexcept { m_invalidateControl = invalidate; }
 
+    /// Equal in everything.
     friend bool operator==(CEmbeddedControlParams const&, CEmbeddedControlParams const&) noexcept = default;
 
 private:

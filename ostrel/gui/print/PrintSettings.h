@@ -1,5 +1,5 @@
 /// @file
-/// What of a grid is printed, and with which margins. A plain value.
+/// How a grid is printed.
 #pragma once
 
 #include <ostrel/platform/base/Export.h>
@@ -7,22 +7,37 @@
 namespace Ostrel::GUI
 {
 
+/// What of a grid is printed, in which size and with which margins. A plain value.
 class OSTREL_GUI_API CPrintSettings
 {
 public:
+    ///@{
+    /// Whether the header is printed; true unless set.
     [[nodiscard]] bool GetPrintHeader() const noexcept { return m_printHeader; }
     void SetPrintHeader(bool print) noexcept { m_printHeader = print; }
-    /// On every page, not only the first.
+    ///@}
+    ///@{
+    /// Whether every page has the header, not only the first; false unless set.
     [[nodiscard]] bool GetRepeatHeader() const noexcept { return m_repeatHeader; }
     void SetRepeatHeader(bool repeat) noexcept { m_repeatHeader = repeat; }
+    ///@}
+    ///@{
+    /// Whether the fixed rows are printed; true unless set.
     [[nodiscard]] bool GetPrintFixedRows() const noexcept { return m_printFixedRows; }
     void SetPrintFixedRows(bool print) noexcept { m_printFixedRows = print; }
+    ///@}
+    ///@{
+    /// Whether the scrollable rows are printed; true unless set.
     [[nodiscard]] bool GetPrintScrollableRows() const noexcept { return m_printScrollableRows; }
     void SetPrintScrollableRows(bool print) noexcept { m_printScrollableRows = print; }
-    /// 1 is the natural size.
+    ///@}
+    ///@{
+    /// The size; 1 is the natural one.
     [[nodiscard]] double GetZoomFactor() const noexcept { return m_zoomFactor; }
     void SetZoomFactor(double factor) noexcept { m_zoomFactor = factor; }
-    /// Millimetres.
+    ///@}
+    ///@{
+    /// The margins in millimetres: 3 at the top, 0 at the bottom, 10 on the left and on the right unless set.
     [[nodiscard]] int GetTopMargin() const noexcept { return m_topMargin; }
     void SetTopMargin(int millimetres) noexcept { m_topMargin = millimetres; }
     [[nodiscard]] int GetBottomMargin() const noexcept { return m_bottomMargin; }
@@ -31,7 +46,9 @@ public:
     void SetLeftMargin(int millimetres) noexcept { m_leftMargin = millimetres; }
     [[nodiscard]] int GetRightMargin() const noexcept { return m_rightMargin; }
     void SetRightMargin(int millimetres) noexcept { m_rightMargin = millimetres; }
+    ///@}
 
+    /// Equal in everything.
     friend bool operator==(CPrintSettings const&, CPrintSettings const&) noexcept = default;
 
 private:

@@ -18,6 +18,7 @@ class OSTREL_GUI_API ITooltip : public virtual IAutoDelete
 public:
     /// Whether there is anything to say.
     [[nodiscard]] virtual bool CanShow(CGrid const& grid, CGridCell const& cell) const = 0;
+    /// What to say, in UTF-8.
     virtual std::string GetText(CGrid const& grid, CGridCell const& cell) = 0;
 };
 } // namespace Ostrel::GUI

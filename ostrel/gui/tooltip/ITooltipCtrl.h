@@ -17,6 +17,7 @@ class OSTREL_GUI_API ITooltipCtrl : public virtual IAutoDelete
 public:
     /// Makes the window for a grid. False when that failed.
     virtual bool Attach(CGrid& grid) = 0;
+    /// Takes leave of the grid: hides the tip and destroys the window.
     virtual void Detach() = 0;
     /// Shows the tip of a cell. False when there is none to show.
     virtual bool Activate(CGrid const& grid, CGridCell& cell) = 0;
