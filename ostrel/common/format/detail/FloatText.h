@@ -2,6 +2,7 @@
 // prices a second.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include <ostrel/platform/base/Export.h>
@@ -43,9 +44,8 @@ struct FloatLimits<float>
 template <class F>
 [[nodiscard]] constexpr char ClampPrecision(char precision) noexcept
 {
-    int const number = precision; // a byte with a sign
-    int const atLeast = number < 0 ? 0 : number;
-    return static_cast<char>(atLeast > FloatLimits<F>::kMaxPrecision ? FloatLimits<F>::kMaxPrecision : atLeast);
+    constexpr char kMost = FloatLimits<F>::kMaxPrecision;
+    return std::clamp(precision, '\0', kMost); // a byte with a sign
 }
 
 /// `settings.precision` is within the type's range. Not-a-number is written as zero; a negative number whose integer
