@@ -75,7 +75,7 @@ void AppendFraction(std::string& text, std::uint64_t fraction, int precision, bo
 template <class F>
 void AppendFixed(std::string& text, FloatSettings const& settings, F value)
 {
-    int const precision = settings.precision;
+    int const precision = static_cast<unsigned char>(settings.precision); // clamped by the caller
     AppendIfPrintable(text, settings.prefix);
     if (value < 0)
     {
