@@ -73,10 +73,11 @@ COLORREF ContrastTo(unsigned long color)
     return brightness >= 96 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
 }
 
-/// Where a stroke begins that lies in the middle between two edges.
+/// Where a stroke begins that lies in the middle between two edges; the same pixel of the shape left of the window,
+/// too.
 int StrokeAt(int low, int high)
 {
-    return (low + high - (Detail::LineWidth() - 1)) / 2;
+    return low + (high - low - (Detail::LineWidth() - 1)) / 2;
 }
 
 void DrawFilledTriangle(CDC& dc, CPoint const (&corners)[3], COLORREF fill, COLORREF outline)

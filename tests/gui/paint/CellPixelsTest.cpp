@@ -182,6 +182,23 @@ TEST(CellPixelsTest, TreeButtonsAndLines)
     EXPECT_EQ(PixelsRight(pixels, {8, lastTop + 7}, 26, gray), "#.#.#.#.#.#.#.#.#.#.#.#...");
 }
 
+TEST(CellPixelsTest, ScrolledButtonKeepsItsShape)
+{
+    Scene scene({200, 60}, {100, 60, 400});
+    scene.HideText();
+    scene.AddRow(scene.AddRow());
+    int const top = Scene::RowTop(0);
+    for (int const scrolled : {0, 7, 8, 9, 10})
+    {
+        scene.ScrollTo(scrolled);
+        Surface const pixels = scene.Paint();
+        EXPECT_EQ(PixelsRight(pixels, {0, top + 8}, 14 - scrolled, RGB(0, 0, 0)),
+                  std::string(".....#######..").substr(static_cast<std::size_t>(scrolled)));
+        EXPECT_EQ(PixelsRight(pixels, {0, top + 6}, 14 - scrolled, RGB(0, 0, 0)),
+                  std::string("........#.....").substr(static_cast<std::size_t>(scrolled)));
+    }
+}
+
 TEST(CellPixelsTest, ExpandedRowWithoutShownChildrenHasNoButton)
 {
     Scene scene({300, 140});
