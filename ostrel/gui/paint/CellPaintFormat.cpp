@@ -1,5 +1,6 @@
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/clipboard/DragDropSettings.h>
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/header/Column.h>
@@ -21,6 +22,12 @@ CAppearance const& AppearanceOf(CPaintContext const& context)
 {
     Detail::PaintSnapshot const* const snapshot = context.Snapshot();
     return snapshot != nullptr ? snapshot->appearance : context.GetGrid().GetAppearance();
+}
+
+Detail::CellEditors EditorsOf(CPaintContext const& context)
+{
+    Detail::PaintSnapshot const* const snapshot = context.Snapshot();
+    return snapshot != nullptr ? snapshot->editors : Detail::CellEditors::Of(context.GetGrid());
 }
 
 /// Of the marks at the place where dragged rows would go.
@@ -52,7 +59,9 @@ bool IsNumber(Common::EnType type) noexcept
 Common::EnType TypeOf(CGridCell const& cell)
 {
     Common::CDataObject* const object = cell.GetGridLine().GetDataObject();
-    return object != nullptr ? object->GetFieldType(cell.GetColumn()->GetFid()) : cell.GetValue().GetType();
+    Common::EnType const type =
+        object != nullptr ? object->GetFieldType(cell.GetColumn()->GetFid()) : Common::TypeEmpty;
+    return type != Common::TypeEmpty ? type : cell.GetValue().GetType();
 }
 
 CColumn::Alignment AlignmentOf(CGridCell const& cell, CPaintContext const& context)
@@ -133,6 +142,10 @@ CString CCellPaintFormat::GetFormatClassName()
 
 void CCellPaintFormat::DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
 {
+    if (IEditInPlace* const editor = EditorsOf(context).before)
+    {
+        filter = editor->PrePaintCell(cell, context, filter);
+    }
     OnNextPaintRequest(cell, context, filter);
     OnDrawBackGround(cell, context, filter);
     OnDrawMouseSelection(cell, context, filter);
@@ -337,9 +350,12 @@ void CCellPaintFormat::OnDrawHorizontalLines(CGridCell& cell, CPaintContext cons
     }
 }
 
-/// Nothing by default: the decoration of editable cells comes from the grid's part for editing in place.
-void CCellPaintFormat::OnDrawEditInPlace(CGridCell& /*cell*/, CPaintContext const& /*context*/,
-                                         unsigned int /*filter*/) const
-{}
+void CCellPaintFormat::OnDrawEditInPlace(CGridCell& cell, CPaintContext const& context, unsigned int filter) const
+{
+    if (IEditInPlace* const editor = EditorsOf(context).after)
+    {
+        editor->PostPaintCell(cell, context, filter);
+    }
+}
 
 } // namespace Ostrel::GUI

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <ostrel/gui/edit/EditInPlaceSettings.h>
 #include <ostrel/gui/paint/ColumnPaintInfo.h>
 #include <ostrel/gui/paint/CustomDraw.h>
 #include <ostrel/gui/paint/GridCell.h>
@@ -64,6 +65,30 @@ public:
     std::string calls;
     std::string cellText;
     std::array<CRect, 3> lastRects; ///< virtual, visible, clip
+};
+
+/// Takes the text out of a column and writes down the cells it is told of.
+class ColumnEditor : public IEditInPlace
+{
+public:
+    bool AutoDelete() const override { return false; }
+    bool CanBeginEdit(CEditInPlaceContext const& /*context*/, StartReason /*reason*/) const override { return false; }
+    bool AttachControl(CEditInPlaceContext& /*context*/, StartReason /*reason*/) override { return false; }
+    bool CanStopEdit(CEditInPlaceContext const& /*context*/, StopReason /*reason*/) const override { return true; }
+    void OnEndEdit(CEditInPlaceContext& /*context*/, StopReason /*reason*/, CWnd* /*control*/) override {}
+    bool Navigate(CEditInPlaceContext& /*context*/, StopReason /*reason*/) override { return false; }
+    unsigned int PrePaintCell(CGridCell& cell, CPaintContext const& /*context*/, unsigned int flags) override
+    {
+        bool const isCount = cell.GetColumn() != nullptr && cell.GetColumn()->GetFid() == kCountFid;
+        calls += isCount ? "count " : "cell ";
+        return isCount ? flags & ~static_cast<unsigned int>(PaintText) : flags;
+    }
+    void PostPaintCell(CGridCell& /*cell*/, CPaintContext const& /*context*/, unsigned int flags) override
+    {
+        calls += (flags & PaintText) != 0 ? "done " : "bare ";
+    }
+
+    std::string calls;
 };
 
 } // namespace
@@ -272,4 +297,25 @@ TEST(PaintPassTest, ContextsWithoutASnapshotSeeTheSame)
     EXPECT_EQ(CPaintHelper::GetIndentation(count, context, PaintAll), 0);
     EXPECT_EQ(CPaintHelper::GetSortedColumnColorBlend(count, context, PaintAll), CColorBlend(0xB496B4, 50));
     EXPECT_EQ(CPaintHelper::GetSortedColumnColorBlend(name, context, PaintAll).GetOpacity(), 0);
+}
+
+TEST(PaintPassTest, EditorIsAskedBeforeACellAndDrawsAfterIt)
+{
+    ColumnEditor editor;
+    Scene scene({200, 36}, {100, 100});
+    scene.AddRow(ScrollableRoot, "", 123);
+    scene.grid.SetEditInPlace(&editor);
+    Surface const bare = scene.Paint();
+    EXPECT_EQ(editor.calls, "cell done count bare ");
+    CEditInPlaceSettings& settings = scene.grid.GetEditInPlaceSettings();
+    settings.SetDrawHotFrame(false);
+    settings.SetDrawHotThumb(false);
+    editor.calls.clear();
+    EXPECT_EQ(FirstDifference(scene.Paint(), bare), "");
+    EXPECT_EQ(editor.calls, "cell count ");
+    settings.SetEnabled(false);
+    editor.calls.clear();
+    EXPECT_NE(FirstDifference(scene.Paint(), bare), "") << "the text is back";
+    EXPECT_EQ(editor.calls, "");
+    scene.grid.SetEditInPlace(nullptr);
 }

@@ -1,4 +1,7 @@
+#include <ostrel/gui/edit/EditInPlaceSettings.h>
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/Grid.h>
+#include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
 #include <ostrel/gui/paint/detail/PaintSnapshot.h>
@@ -18,11 +21,25 @@ int HorizontalScrollPosition(CGrid const& grid)
 
 } // namespace
 
+CellEditors CellEditors::Of(CGrid const& grid)
+{
+    CEditInPlaceSettings const& settings = grid.GetEditInPlaceSettings();
+    if (!settings.IsEnabled())
+    {
+        return {};
+    }
+    IEditInPlace* const own = grid.GetEditInPlace();
+    bool const hasHints = settings.CanDrawHotFrame() || settings.CanDrawHotThumb() || settings.CanDrawThumbsAlways();
+    IEditInPlace* const hints = own != nullptr ? own : CPreferences::GetDefaultEditInPlace();
+    return {own, hasHints ? hints : nullptr};
+}
+
 PaintSnapshot::PaintSnapshot(CGrid const& grid)
     : layout(grid.GetHeader()->GetLayout()),
       hierarchicalColumn(grid.GetHierarchicalColumn()),
       appearance(grid.GetAppearance()),
-      highlightAllowed(grid.CanHighlight())
+      highlightAllowed(grid.CanHighlight()),
+      editors(CellEditors::Of(grid))
 {
     int const scroll = HorizontalScrollPosition(grid);
     columns.reserve(layout->VisibleColumns().size());

@@ -19,6 +19,7 @@ namespace Ostrel::GUI
 {
 class CGridItem;
 class HeaderLayout;
+class IEditInPlace;
 } // namespace Ostrel::GUI
 
 namespace Ostrel::GUI::Detail
@@ -37,6 +38,15 @@ struct PaintColumn
     CColumn::Alignment alignment = CColumn::AlignLeft;
     Common::CFormat const* textFormat = nullptr;
     int cellImageId = -1;
+};
+
+/// Who is asked before a cell is painted, and who draws over it afterwards; null for nobody.
+struct CellEditors
+{
+    IEditInPlace* before = nullptr;
+    IEditInPlace* after = nullptr;
+
+    [[nodiscard]] static CellEditors Of(CGrid const& grid);
 };
 
 struct PaintSnapshot
@@ -62,6 +72,7 @@ struct PaintSnapshot
     CColumn const* hierarchicalColumn = nullptr;
     CAppearance const& appearance;
     bool highlightAllowed = false;
+    CellEditors editors;
 
 private:
     mutable PaintColumn const* m_lastFound = nullptr;
