@@ -87,6 +87,24 @@ TEST(HeaderPixelsTest, SortMarksTellDirectionAndRank)
     EXPECT_EQ(RowWidths(pixels, CRect(228, 6, 239, 14), Shadow()), std::vector<int>(8, 0));
 }
 
+TEST(HeaderPixelsTest, MarksOfEveryLevelTakeTheSameRoom)
+{
+    Scene scene({300, 60}, {100, 100, 100});
+    for (long const fid : {kNameFid, kCountFid})
+    {
+        scene.Column(fid).SetName("HHH");
+        scene.Column(fid).SetAlignment(CColumn::AlignRight);
+        scene.header->SetSort(static_cast<int>(fid), CSortInfo(fid, false));
+    }
+    Surface const pixels = scene.Paint();
+    // Below the bars and left of the triangle both titles have the same pixels, up to four before the marks.
+    for (int x = 40; x < 88; ++x)
+    {
+        EXPECT_EQ(pixels.ColorAt(x, 13), pixels.ColorAt(100 + x, 13)) << x;
+    }
+    EXPECT_NE(PixelsRight(pixels, {70, 13}, 14, Face()), std::string(14, '#'));
+}
+
 TEST(HeaderPixelsTest, ScrolledTitlesPassUnderTheFixedOnes)
 {
     Scene scene({200, 60}, {50, 120, 120});
