@@ -156,6 +156,7 @@ void CColumnPaintFormat::DrawSort(CColumnPaintInfo& info, CPaintContext const& c
     CRect area = info.GetVirtualRect();
     area.left = area.right - GetRequiredSortInfoWidth();
     CDC& dc = context.GetDC();
+    Detail::ClipScope const clip(dc, info.GetVirtualRect()); // a title can be narrower than its marks
     COLORREF const color = GetSysColor(COLOR_BTNSHADOW);
     int const centerY = area.top + area.Height() / 2 + (mark.level > 0 ? 4 * unit : 0);
     DrawTriangle(dc, area, centerY, !mark.reverse, unit, color);

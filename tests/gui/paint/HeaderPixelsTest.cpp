@@ -105,6 +105,19 @@ TEST(HeaderPixelsTest, MarksOfEveryLevelTakeTheSameRoom)
     EXPECT_NE(PixelsRight(pixels, {70, 13}, 14, Face()), std::string(14, '#'));
 }
 
+TEST(HeaderPixelsTest, NarrowTitleKeepsItsMarkToItself)
+{
+    Scene scene({300, 60}, {100, 5, 100});
+    scene.Column(kNameFid).SetName("");
+    std::string const before = PixelsRight(scene.Paint(), {80, 10}, 20, Face());
+    scene.header->SetSort(0, CSortInfo(kPriceFid, false));
+    scene.header->SetSort(1, CSortInfo(kCountFid, false));
+    for (int const y : {8, 14})
+    {
+        EXPECT_EQ(PixelsRight(scene.Paint(), {80, y}, 20, Face()), before);
+    }
+}
+
 TEST(HeaderPixelsTest, ScrolledTitlesPassUnderTheFixedOnes)
 {
     Scene scene({200, 60}, {50, 120, 120});
