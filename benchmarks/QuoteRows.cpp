@@ -249,7 +249,7 @@ QuoteRows::QuoteRows(std::size_t count)
     m_frame.Create(nullptr, "Quotes", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, bounds);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, CRect(), &m_frame, 1);
     m_frame.SetClientWindow(&m_grid);
-    m_grid.SetFont(CPreferences::GetFont());
+    m_grid.SetFont(GUI::CPreferences::GetFont());
     auto* header = new CHeader; // deletes itself with the grid
     for (long fid = 0; fid < CQuote::kFieldCount; ++fid)
     {

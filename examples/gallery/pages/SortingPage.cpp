@@ -5,7 +5,6 @@ namespace Gallery
 {
 
 using namespace Ostrel::GUI;
-using Ostrel::Platform::Scaled;
 
 namespace
 {
