@@ -16,7 +16,8 @@ constexpr std::size_t kMaximumRunBytes = 16U << 20U;
 constexpr std::size_t kMaximumPictureBytes = 64U << 20U;
 constexpr char32_t kEllipsis = 0x2026;
 
-// Where a text can be cut off without anybody seeing it: far behind a box that ends it with an ellipsis.
+// Where a text can be cut off without anybody seeing it: far behind a box that ends it with an ellipsis. Only a text of
+// marks without a width of their own may still fit then.
 std::string_view CutFarBehind(std::string_view text, int maximumWidth)
 {
     if (maximumWidth < 0)
@@ -46,6 +47,45 @@ std::string ForShaping(std::string_view text)
     return clean;
 }
 
+/// A place between what a reader takes for characters.
+struct Cut
+{
+    std::size_t position; ///< in bytes
+    int width;            ///< about that of the text before it
+};
+
+/// All places but the two ends.
+std::vector<Cut> CutsOf(PangoLayout* layout, std::string_view text)
+{
+    std::vector<int> widthsFrom(text.size()); // of what begins at a byte
+    for (GSList const* link = pango_layout_get_line_readonly(layout, 0)->runs; link != nullptr; link = link->next)
+    {
+        auto const* const run = static_cast<PangoGlyphItem const*>(link->data);
+        for (int i = 0; i < run->glyphs->num_glyphs; ++i)
+        {
+            auto const from = static_cast<std::size_t>(run->item->offset + run->glyphs->log_clusters[i]);
+            widthsFrom[from] += run->glyphs->glyphs[i].geometry.width;
+        }
+    }
+    int count = 0;
+    PangoLogAttr const* const places = pango_layout_get_log_attrs_readonly(layout, &count);
+    std::vector<Cut> cuts;
+    int width = 0;
+    std::size_t position = 0;
+    for (int character = 0; character < count && position < text.size(); ++character)
+    {
+        if (position > 0 && places[character].is_cursor_position != 0)
+        {
+            cuts.push_back({position, PANGO_PIXELS(width)});
+        }
+        for (std::size_t const end = NextUtf8(text, position); position < end; ++position)
+        {
+            width += widthsFrom[position];
+        }
+    }
+    return cuts;
+}
+
 GlibPointer<PangoContext> MakeContext(PangoFontMap* fontMap)
 {
     GlibPointer<PangoContext> context(pango_font_map_create_context(fontMap));
@@ -69,7 +109,7 @@ std::size_t TextEngine::RunKeyHash::operator()(RunKey const& key) const noexcept
 
 std::size_t TextEngine::Run::Bytes() const noexcept
 {
-    return sizeof(Run) + text.capacity() + glyphs.capacity() * sizeof(PlacedGlyph);
+    return sizeof(Run) + text.capacity() + line.glyphs.capacity() * sizeof(PlacedGlyph);
 }
 
 TextEngine& TextEngine::OfThread()
@@ -106,7 +146,13 @@ TextFont& TextEngine::Font(FontId font)
 
 LaidOutLine TextEngine::Layout(FontId font, std::string_view text, int maximumWidth)
 {
-    text = CutFarBehind(text, maximumWidth);
+    std::string_view const beginning = CutFarBehind(text, maximumWidth);
+    LaidOutLine const line = LayoutAll(font, beginning, maximumWidth);
+    return line.isShortened || beginning.size() == text.size() ? line : LayoutAll(font, text, maximumWidth);
+}
+
+LaidOutLine TextEngine::LayoutAll(FontId font, std::string_view text, int maximumWidth)
+{
     if (std::optional<LaidOutLine> const simple = LayoutSimple(Font(font), text, maximumWidth))
     {
         return *simple;
@@ -152,7 +198,7 @@ std::optional<LaidOutLine> TextEngine::LayoutSimple(TextFont& font, std::string_
             else if (x > maximumWidth)
             {
                 m_line[fitting] = {&font.FindSimple(kEllipsis)->glyph, fittingWidth, 0};
-                return LaidOutLine{fittingWidth + forEllipsis, {m_line.data(), fitting + 1}};
+                return LaidOutLine{fittingWidth + forEllipsis, {m_line.data(), fitting + 1}, true};
             }
         }
     }
@@ -163,11 +209,12 @@ LaidOutLine TextEngine::LayoutComplex(FontId font, std::string_view text, int ma
 {
     DropPicturesBeyondLimit();
     Run const* run = &FindRun(font, text, kUnlimited);
-    if (maximumWidth >= 0 && run->width > maximumWidth)
+    bool const isShortened = maximumWidth >= 0 && run->line.width > maximumWidth;
+    if (isShortened)
     {
         run = &FindRun(font, text, maximumWidth);
     }
-    return {run->width, run->glyphs};
+    return {run->line.width, run->line.glyphs, isShortened};
 }
 
 TextEngine::Run const& TextEngine::FindRun(FontId font, std::string_view text, int maximumWidth)
@@ -178,27 +225,62 @@ TextEngine::Run const& TextEngine::FindRun(FontId font, std::string_view text, i
         m_runs.splice(m_runs.begin(), m_runs, found->second);
         return m_runs.front();
     }
-    m_runs.push_front({font, maximumWidth, std::string(text), 0, {}});
-    Run& run = m_runs.front();
-    Shape(run);
-    m_runsByKey.emplace(run.Key(), m_runs.begin());
-    m_runBytes += run.Bytes();
+    std::string const clean = ForShaping(text);
+    m_runs.push_front({.font = font,
+                       .maximumWidth = maximumWidth,
+                       .text = std::string(text),
+                       .line = maximumWidth < 0 ? Shape(font, clean) : ShapeShortened(font, clean, maximumWidth)});
+    m_runsByKey.emplace(m_runs.front().Key(), m_runs.begin());
+    m_runBytes += m_runs.front().Bytes();
     DropOldRuns();
     return m_runs.front();
 }
 
-void TextEngine::Shape(Run& run)
+// The place of the cut is that where the beginning of the text, shaped without the rest, fits: letters look different
+// at the end of a word. The widths within the whole text tell where to look for it.
+TextEngine::ShapedLine TextEngine::ShapeShortened(FontId font, std::string const& text, int maximumWidth)
 {
-    TextFont& font = Font(run.font);
-    GlibPointer<PangoLayout> const layout = font.MakeLayout(ForShaping(run.text));
-    if (run.maximumWidth >= 0)
+    std::string ellipsis;
+    AppendUtf8(ellipsis, kEllipsis);
+    std::vector<Cut> const cuts = CutsOf(Font(font).MakeLayout(text).get(), text);
+    auto const shapeUpTo = [&](std::size_t count)
+    { return Shape(font, text.substr(0, count > 0 ? cuts[count - 1].position : 0) + ellipsis); };
+
+    int const room = maximumWidth - Font(font).FindSimple(kEllipsis)->advance;
+    auto const isBefore = [room](Cut const& cut) { return cut.width <= room; };
+    auto count = static_cast<std::size_t>(std::ranges::partition_point(cuts, isBefore) - cuts.begin());
+    ShapedLine line = shapeUpTo(count);
+    if (line.width > maximumWidth)
     {
-        pango_layout_set_width(layout.get(), run.maximumWidth * PANGO_SCALE);
-        pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
+        while (count > 0 && line.width > maximumWidth)
+        {
+            line = shapeUpTo(--count);
+        }
+        return line;
     }
-    PangoLayoutLine const* const line = pango_layout_get_line_readonly(layout.get(), 0);
+    while (count < cuts.size())
+    {
+        ShapedLine longer = shapeUpTo(++count);
+        if (longer.width > maximumWidth)
+        {
+            break;
+        }
+        line = std::move(longer);
+    }
+    return line;
+}
+
+TextEngine::ShapedLine TextEngine::Shape(FontId fontId, std::string_view text)
+{
+    TextFont& font = Font(fontId);
+    if (std::optional<LaidOutLine> const simple = LayoutSimple(font, text, kUnlimited))
+    {
+        return {simple->width, {simple->glyphs.begin(), simple->glyphs.end()}};
+    }
+    GlibPointer<PangoLayout> const layout = font.MakeLayout(text);
+    ShapedLine shaped;
     int x = 0;
-    for (GSList const* link = line->runs; link != nullptr; link = link->next)
+    for (GSList const* link = pango_layout_get_line_readonly(layout.get(), 0)->runs; link != nullptr; link = link->next)
     {
         auto const* const item = static_cast<PangoGlyphItem const*>(link->data);
         for (PangoGlyphInfo const& info :
@@ -207,13 +289,14 @@ void TextEngine::Shape(Run& run)
             if (info.glyph != PANGO_GLYPH_EMPTY)
             {
                 Glyph const* const glyph = font.FindShaped(item->item->analysis.font, info.glyph);
-                run.glyphs.push_back({glyph, PANGO_PIXELS(x + info.geometry.x_offset),
-                                      PANGO_PIXELS(info.geometry.y_offset - item->y_offset)});
+                shaped.glyphs.push_back({glyph, PANGO_PIXELS(x + info.geometry.x_offset),
+                                         PANGO_PIXELS(info.geometry.y_offset - item->y_offset)});
             }
             x += info.geometry.width;
         }
     }
-    run.width = PANGO_PIXELS(x);
+    shaped.width = PANGO_PIXELS(x);
+    return shaped;
 }
 
 // The newest run always stays: somebody is about to draw it.

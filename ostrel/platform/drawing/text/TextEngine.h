@@ -25,6 +25,7 @@ struct LaidOutLine
 {
     int width = 0;
     std::span<PlacedGlyph const> glyphs;
+    bool isShortened = false; ///< an ellipsis stands for the end of the text
 };
 
 class TextEngine
@@ -42,8 +43,8 @@ public:
     [[nodiscard]] TextFont& Font(FontId font);
 
     static constexpr int kUnlimited = -1;
-    /// Lays out a line. A line wider than `maximumWidth` (0 or more) ends with an ellipsis and as many whole characters
-    /// as fit before it.
+    /// Lays out a line. A line wider than `maximumWidth` (0 or more) is that of as many whole characters (letters with
+    /// their marks, sequences of emoji) as fit with an ellipsis behind them; the ellipsis alone may be wider.
     [[nodiscard]] LaidOutLine Layout(FontId font, std::string_view text, int maximumWidth);
 
     /// Shaped runs that are kept at the moment.
@@ -62,22 +63,28 @@ private:
     {
         std::size_t operator()(RunKey const& key) const noexcept;
     };
+    struct ShapedLine
+    {
+        int width = 0;
+        std::vector<PlacedGlyph> glyphs;
+    };
     struct Run
     {
         FontId font;
         int maximumWidth;
         std::string text;
-        int width = 0;
-        std::vector<PlacedGlyph> glyphs;
+        ShapedLine line;
 
         [[nodiscard]] RunKey Key() const noexcept { return {font, maximumWidth, text}; }
         [[nodiscard]] std::size_t Bytes() const noexcept;
     };
 
+    [[nodiscard]] LaidOutLine LayoutAll(FontId font, std::string_view text, int maximumWidth);
     [[nodiscard]] std::optional<LaidOutLine> LayoutSimple(TextFont& font, std::string_view text, int maximumWidth);
     [[nodiscard]] LaidOutLine LayoutComplex(FontId font, std::string_view text, int maximumWidth);
     [[nodiscard]] Run const& FindRun(FontId font, std::string_view text, int maximumWidth);
-    void Shape(Run& run);
+    [[nodiscard]] ShapedLine Shape(FontId font, std::string_view text);
+    [[nodiscard]] ShapedLine ShapeShortened(FontId font, std::string const& text, int maximumWidth);
     void DropOldRuns();
     void DropPicturesBeyondLimit();
 
