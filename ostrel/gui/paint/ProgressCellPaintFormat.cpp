@@ -65,9 +65,9 @@ void CProgressCellPaintFormat::OnDrawText(CGridCell& cell, CPaintContext const& 
     }
     CRect bar = const_cast<CProgressCellPaintFormat*>(this)->GetTextRect(cell, context, filter);
     bar.DeflateRect(Platform::Scaled(1), Platform::Scaled(1));
-    double const filled = static_cast<double>(*value) - m_minimum;
+    double const filled = static_cast<double>(std::clamp(*value, m_minimum, m_maximum)) - m_minimum;
     double const range = static_cast<double>(m_maximum) - m_minimum;
-    bar.right = bar.left + static_cast<int>(bar.Width() * std::clamp(filled / range, 0.0, 1.0));
+    bar.right = bar.left + static_cast<int>(bar.Width() * filled / range); // the division last: its rounding counts
     if (!bar.IsRectEmpty())
     {
         context.GetDC().FillSolidRect(bar, m_barColor);

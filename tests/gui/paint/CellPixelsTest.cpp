@@ -214,16 +214,16 @@ TEST(CellPixelsTest, ProgressBarFillsItsShare)
     struct
     {
         long value;
-        int filled; ///< of the 54 pixels between the insets
-    } const cases[] = {{50, 27}, {-5, 0}, {150, 54}, {1, 0}, {100, 54}};
+        int filled; ///< of the 50 pixels between the insets
+    } const cases[] = {{50, 25}, {-5, 0}, {150, 50}, {1, 0}, {100, 50}, {58, 29}, {99, 49}};
     for (auto const& test : cases)
     {
-        Scene scene({300, 60});
+        Scene scene({300, 60}, {100, 56, 80});
         delete scene.Column(kCountFid).SetCellPaintFormat(new CProgressCellPaintFormat(0x00AA00, 0, 100));
         scene.AddRow(ScrollableRoot, "", test.value);
-        std::string const row = PixelsRight(scene.Paint(), {100, Scene::RowTop(0) + 1}, 60, 0x00AA00);
+        std::string const row = PixelsRight(scene.Paint(), {100, Scene::RowTop(0) + 1}, 56, 0x00AA00);
         EXPECT_EQ(row, "..." + std::string(static_cast<std::size_t>(test.filled), '#') +
-                           std::string(static_cast<std::size_t>(57 - test.filled), '.'))
+                           std::string(static_cast<std::size_t>(53 - test.filled), '.'))
             << test.value;
     }
 }
@@ -285,9 +285,10 @@ TEST(CellPixelsTest, RubberBandIsBlendedAndFramed)
     EXPECT_EQ(PixelsRight(pixels, {147, 45}, 5, 0xB4B4B4), "..#..");
     EXPECT_EQ(PixelsDown(pixels, {100, 28}, 4, 0xB4B4B4), "..#.") << "on the edge of two columns";
     EXPECT_EQ(PixelsDown(pixels, {60, 68}, 4, 0xB4B4B4), ".#..");
-    int const inside = GetRValue(pixels.ColorAt(60, 45));
-    EXPECT_NEAR(inside, (255 * 127 + 180 * 128) / 255, 1);
+    EXPECT_EQ(pixels.ColorAt(60, 45), CMsImg32::AlphaBlend(kWhite, 0xB4B4B4UL, 128));
     EXPECT_EQ(pixels.ColorAt(10, 45), kWhite);
+    scene.grid.GetAppearance().SetMouseSelectionColor(CColorBlend(0x336699, 77));
+    EXPECT_EQ(scene.Paint().ColorAt(60, 45), CMsImg32::AlphaBlend(kWhite, 0x336699UL, 77)) << "truncated";
 }
 
 TEST(CellPixelsTest, DropMarkLiesBetweenTwoRows)

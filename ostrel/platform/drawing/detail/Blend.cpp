@@ -31,6 +31,12 @@ constexpr std::uint32_t Mix(std::uint32_t below, std::uint32_t pixel, unsigned o
     return Multiply(pixel, opacity) + Multiply(below, 255U - opacity);
 }
 
+// Two sums of products, of factors that add up to 255, divided by 255 and truncated.
+constexpr std::uint32_t Truncated(std::uint32_t sums) noexcept
+{
+    return ((sums + 0x00010001U + ((sums >> 8U) & kEvenBytes)) >> 8U) & kEvenBytes;
+}
+
 // Calls row(begin, end) for the pixels of each row. What a row function captures by value stays in registers: the
 // compiler must assume that a store to a pixel changes anything that it only knows by reference.
 template <class Row>
@@ -51,6 +57,13 @@ __m128i MultiplyLanes(__m128i a, __m128i b) noexcept
 {
     __m128i const product = _mm_add_epi16(_mm_mullo_epi16(a, b), _mm_set1_epi16(kRound));
     return _mm_mulhi_epu16(product, _mm_set1_epi16(0x0101));
+}
+
+// The same in eight lanes.
+__m128i TruncatedLanes(__m128i sums) noexcept
+{
+    __m128i const carried = _mm_add_epi16(_mm_srli_epi16(sums, 8), _mm_set1_epi16(1));
+    return _mm_srli_epi16(_mm_add_epi16(sums, carried), 8);
 }
 
 __m128i* At(std::uint32_t* pixels) noexcept
@@ -102,29 +115,40 @@ void Fill(Area const& area, std::uint32_t pixel) noexcept
 
 void OverlayPlain(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexcept
 {
-    std::uint32_t const part = Multiply(pixel, opacity);
-    ForEachRow(area, [part, rest = 255U - opacity](std::uint32_t* row, std::uint32_t* end)
-               { std::transform(row, end, row, [&](std::uint32_t below) { return part + Multiply(below, rest); }); });
+    std::uint32_t const even = (pixel & kEvenBytes) * opacity;
+    std::uint32_t const odd = ((pixel >> 8U) & kEvenBytes) * opacity;
+    ForEachRow(area,
+               [even, odd, rest = 255U - opacity](std::uint32_t* row, std::uint32_t* end)
+               {
+                   std::transform(row, end, row,
+                                  [&](std::uint32_t below) {
+                                      return Truncated(even + (below & kEvenBytes) * rest) |
+                                             Truncated(odd + ((below >> 8U) & kEvenBytes) * rest) << 8U;
+                                  });
+               });
 }
 
 void Overlay(Area const& area, std::uint32_t pixel, std::uint8_t opacity) noexcept
 {
 #if defined(__SSE2__)
-    std::uint32_t const added = Multiply(pixel, opacity);
-    __m128i const part = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(added)), _mm_setzero_si128());
+    __m128i const zero = _mm_setzero_si128();
+    __m128i const part = _mm_mullo_epi16(_mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(pixel)), zero),
+                                         _mm_set1_epi16(static_cast<short>(opacity)));
     __m128i const rest = _mm_set1_epi16(static_cast<short>(255 - opacity));
-    ForEachRow(area,
-               [added, part, rest, opacity](std::uint32_t* row, std::uint32_t* end)
+    int const whole = area.width / 4 * 4;
+    ForEachRow({area.pixels, area.stride, whole, area.height},
+               [zero, part, rest](std::uint32_t* row, std::uint32_t* end)
                {
-                   for (; end - row >= 4; row += 4)
+                   for (; row != end; row += 4)
                    {
-                       MixFour(row, part, part, rest, rest);
-                   }
-                   for (; row != end; ++row)
-                   {
-                       *row = added + Multiply(*row, 255U - opacity);
+                       __m128i const below = _mm_loadu_si128(At(row));
+                       __m128i const low = _mm_mullo_epi16(_mm_unpacklo_epi8(below, zero), rest);
+                       __m128i const high = _mm_mullo_epi16(_mm_unpackhi_epi8(below, zero), rest);
+                       _mm_storeu_si128(At(row), _mm_packus_epi16(TruncatedLanes(_mm_add_epi16(part, low)),
+                                                                  TruncatedLanes(_mm_add_epi16(part, high))));
                    }
                });
+    OverlayPlain({area.pixels + whole, area.stride, area.width - whole, area.height}, pixel, opacity);
 #else
     OverlayPlain(area, pixel, opacity);
 #endif

@@ -1,7 +1,9 @@
 // The loops over pixels: fills, overlays of one opacity, masks of glyphs, pictures with their own opacity. Everything
 // here works on memory that the caller has clipped.
 //
-// A product of two bytes is rounded as t = a * b + 128, (t + (t >> 8)) >> 8, which is exact rounding of a * b / 255.
+// A product of two bytes is rounded as t = a * b + 128, (t + (t >> 8)) >> 8, which is exact rounding of a * b / 255. An
+// overlay is truncated instead, (a * (255 - opacity) + b * opacity) / 255, as colours are blended everywhere above: a
+// blended pixel has the blended colour.
 // The vector and the plain versions give identical pixels; the plain ones serve other processors and the tests.
 #pragma once
 
