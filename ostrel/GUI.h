@@ -15,8 +15,10 @@
 #include <ostrel/gui/clipboard/PasteTarget.h>
 #include <ostrel/gui/edit/EditInPlaceContext.h>
 #include <ostrel/gui/edit/EditInPlaceSettings.h>
+#include <ostrel/gui/edit/EmbeddedControlAdapter.h>
 #include <ostrel/gui/edit/EmbeddedControlParams.h>
 #include <ostrel/gui/edit/IEditInPlace.h>
+#include <ostrel/gui/edit/UserInputHelper.h>
 #include <ostrel/gui/grid/ContextType.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/GridItem.h>

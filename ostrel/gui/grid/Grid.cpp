@@ -26,11 +26,6 @@ void RegisterWindowClassOnce()
     windowClass.lpszClassName = kWindowClass;
     RegisterClass(&windowClass);
 }
-
-bool IsKeyUp(int virtualKey)
-{
-    return GetKeyState(virtualKey) >= 0;
-}
 } // namespace
 
 IMPLEMENT_DYNCREATE(CGrid, CWnd)
@@ -114,21 +109,16 @@ LRESULT CGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
-    case WM_SETCURSOR:
-        return LOWORD(static_cast<DWORD_PTR>(lParam)) == HTCLIENT && m_core->Mouse().OnSetCursor()
-                   ? TRUE
-                   : CWnd::WindowProc(message, wParam, lParam);
     case WM_SETFONT:
         SetFont(CFont::FromHandle(reinterpret_cast<HFONT>(wParam)), lParam != 0 ? TRUE : FALSE);
         return 0;
     case WM_GETFONT:
         return GetFont() != nullptr ? reinterpret_cast<LRESULT>(static_cast<HFONT>(*GetFont())) : 0;
-    case WM_KEYDOWN:
-        if (IsKeyUp(VK_SHIFT) && IsKeyUp(VK_CONTROL) && m_core->Search().OnKeyDown(static_cast<unsigned int>(wParam)))
-        {
-            return 0;
-        }
-        return CWnd::WindowProc(message, wParam, lParam);
+    case WM_SETCURSOR:
+    case WM_KEYDOWN: {
+        LRESULT const answer = m_core->Input().OnInput(message, wParam, lParam);
+        return answer != 0 ? answer : CWnd::WindowProc(message, wParam, lParam);
+    }
     default:
         return AfterDefault(message, wParam, lParam);
     }
@@ -149,51 +139,20 @@ LRESULT CGrid::AfterDefault(UINT message, WPARAM wParam, LPARAM lParam)
     {
         m_core->Scroller().OnHorizontalScroll(GET_WHEEL_DELTA_WPARAM(wParam) < 0 ? SB_LINELEFT : SB_LINERIGHT);
     }
+    HWND const window = m_hWnd;
     LRESULT const result = CWnd::WindowProc(message, wParam, lParam);
-    switch (message)
+    if (message == WM_NCDESTROY || IsWindow(window) == FALSE)
     {
-    case WM_CREATE:
+        return result; // with the window the object may have gone
+    }
+    if (message == WM_CREATE)
+    {
         m_core->FinishCreation();
-        break;
-    case WM_SIZE:
-        m_core->OnSize({LOWORD(static_cast<DWORD_PTR>(lParam)), HIWORD(static_cast<DWORD_PTR>(lParam))});
-        break;
-    case WM_VSCROLL:
-        SetFocus();
-        m_core->Freeze().OnScroll(LOWORD(wParam));
-        m_core->Scroller().OnVerticalScroll(LOWORD(wParam), HIWORD(wParam));
-        break;
-    case WM_HSCROLL:
-        SetFocus();
-        m_core->Scroller().OnHorizontalScroll(LOWORD(wParam), HIWORD(wParam));
-        break;
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-        OnLeftDown(CPoint(lParam), wParam, message == WM_LBUTTONDBLCLK);
-        break;
-    case WM_MOUSEMOVE:
-        m_core->Mouse().OnMove(CPoint(lParam));
-        break;
-    case WM_MOUSELEAVE:
-        m_core->Mouse().OnLeave();
-        break;
-    case WM_LBUTTONUP:
-        m_core->Mouse().OnLeftUp(CPoint(lParam), wParam);
-        ReleaseCapture();
-        break;
-    case WM_CAPTURECHANGED:
-        m_core->Mouse().OnCaptureLost();
-        break;
-    default:
-        break;
+    }
+    else
+    {
+        m_core->Input().OnInput(message, wParam, lParam);
     }
     return result;
-}
-
-void CGrid::OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick)
-{
-    SetFocus();
-    SetCapture();
-    m_core->Mouse().OnLeftDown(clientPoint, keys, isDoubleClick);
 }
 } // namespace Ostrel::GUI

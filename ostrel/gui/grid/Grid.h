@@ -612,7 +612,8 @@ public:
     CEditInPlaceSettings const& GetEditInPlaceSettings() const;
     void SetEditInPlaceSettings(CEditInPlaceSettings const& settings);
     ///@}
-    /// Keeps a control over the cell. Does not take ownership. Null when that is refused, as always in this version.
+    /// Keeps a control, a child of the grid, over the cell. Does not take ownership; the adapter is the row's. Null
+    /// when the control has no window, the fid names no single field, or a control lies over the cell already.
     CEmbeddedControlAdapter* AttachControl(CWnd* control, CGridItem* item, long fid,
                                            CEmbeddedControlParams const& params);
     ///@{
@@ -693,7 +694,6 @@ private:
 
     void Navigate(NavigationKey key, bool shift, bool ctrl);
     LRESULT AfterDefault(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick);
 
     std::unique_ptr<Detail::GridCore> m_core;
 };

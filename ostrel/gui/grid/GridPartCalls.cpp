@@ -201,19 +201,23 @@ CWnd* CGrid::GetEditInPlaceControl() const
     return nullptr;
 }
 
-CEmbeddedControlAdapter* CGrid::AttachControl(CWnd*, CGridItem*, long, CEmbeddedControlParams const&)
+CEmbeddedControlAdapter* CGrid::AttachControl(CWnd* control, CGridItem* item, long fid,
+                                              CEmbeddedControlParams const& params)
 {
-    return nullptr;
+    return m_core->Thread().Call<GridOperation::AttachControl>(
+        static_cast<CEmbeddedControlAdapter*>(nullptr),
+        [&]() { return m_core->Controls().Attach(control, item, fid, params); });
 }
 
-bool CGrid::HasControl(CGridItem*, long) const
+bool CGrid::HasControl(CGridItem* item, long fid) const
 {
-    return false;
+    return m_core->Thread().Call<GridOperation::HasControl>(false, [&]() { return m_core->Controls().Has(item, fid); });
 }
 
-bool CGrid::HasControl(int, ContextType, long) const
+bool CGrid::HasControl(int row, ContextType type, long fid) const
 {
-    return false;
+    return m_core->Thread().Call<GridOperation::HasControl>(
+        false, [&]() { return m_core->Controls().Has(m_core->ItemAt(row, type), fid); });
 }
 
 bool CGrid::DetachControl(CWnd*)

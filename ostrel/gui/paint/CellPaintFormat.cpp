@@ -125,6 +125,25 @@ void RequestFillerPaint(CGridCell const& cell, CPaintContext const& context, uns
     }
 }
 
+/// Tells the control over the cell, if there is one, how the cell is painted.
+void PaintControlOver(CGridCell& cell, CPaintContext const& context, unsigned int filter)
+{
+    CGridItem const* const item = cell.GetGridLine().GetItem();
+    if ((filter & PaintControls) == 0 || cell.GetColumn() == nullptr || item == nullptr || item->Extras() == nullptr)
+    {
+        return;
+    }
+    if (CEmbeddedControlAdapter* const adapter = Detail::AdapterOf(*item, cell.GetColumn()->GetFid()))
+    {
+        CPaintInfo& info = cell.GetPaintInfo();
+        unsigned long const foreColor = info.GetForeColor();
+        unsigned long const backColor = info.GetBackColor();
+        adapter->PaintControl(cell, context, filter);
+        info.SetForeColor(foreColor);
+        info.SetBackColor(backColor);
+    }
+}
+
 void FillAround(CDC& dc, CRect const& outer, CRect const& inner, COLORREF color)
 {
     dc.FillSolidRect(CRect(outer.left, outer.top, outer.right, inner.top), color);
@@ -158,6 +177,7 @@ void CCellPaintFormat::DrawCell(CGridCell& cell, CPaintContext const& context, u
     OnDrawDropParentPosition(cell, context, filter);
     OnDrawVerticalLines(cell, context, filter);
     OnDrawHorizontalLines(cell, context, filter);
+    PaintControlOver(cell, context, filter);
     OnDrawEditInPlace(cell, context, filter);
 }
 

@@ -37,10 +37,12 @@ GridCore::GridCore(CGrid& grid)
       m_scroller(*this),
       m_selection(*this),
       m_sorting(*this),
+      m_controls(*this),
       m_rows(*this),
       m_repaints(*this),
       m_updates(*this),
       m_mouse(*this),
+      m_input(*this),
       m_search(*this),
       m_freeze(*this)
 {

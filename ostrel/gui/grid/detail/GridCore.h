@@ -10,6 +10,8 @@
 #include <ostrel/gui/grid/detail/GridArea.h>
 #include <ostrel/gui/grid/detail/GridCells.h>
 #include <ostrel/gui/grid/detail/GridColumns.h>
+#include <ostrel/gui/grid/detail/GridControls.h>
+#include <ostrel/gui/grid/detail/GridInput.h>
 #include <ostrel/gui/grid/detail/GridLooks.h>
 #include <ostrel/gui/grid/detail/GridMouse.h>
 #include <ostrel/gui/grid/detail/GridNotifier.h>
@@ -61,6 +63,7 @@ public:
     [[nodiscard]] GridNotifier& Notifier() noexcept { return m_notifier; }
     [[nodiscard]] GridRows& Rows() noexcept { return m_rows; }
     [[nodiscard]] GridCells& Cells() noexcept { return m_cells; }
+    [[nodiscard]] GridControls& Controls() noexcept { return m_controls; }
     [[nodiscard]] GridUpdates& Updates() noexcept { return m_updates; }
     [[nodiscard]] GridSorting& Sorting() noexcept { return m_sorting; }
     [[nodiscard]] GridSelection& Selection() noexcept { return m_selection; }
@@ -69,6 +72,7 @@ public:
     [[nodiscard]] GridColumns& Columns() noexcept { return m_columns; }
     [[nodiscard]] GridLooks& Looks() noexcept { return m_looks; }
     [[nodiscard]] GridMouse& Mouse() noexcept { return m_mouse; }
+    [[nodiscard]] GridInput& Input() noexcept { return m_input; }
     [[nodiscard]] RepaintSchedule& Repaints() noexcept { return m_repaints; }
     [[nodiscard]] TypeAhead& Search() noexcept { return m_search; }
     [[nodiscard]] OrderFreeze& Freeze() noexcept { return m_freeze; }
@@ -113,10 +117,12 @@ private:
     GridScroller m_scroller;
     GridSelection m_selection;
     GridSorting m_sorting;
+    GridControls m_controls;
     GridRows m_rows;
     RepaintSchedule m_repaints;
     GridUpdates m_updates;
     GridMouse m_mouse;
+    GridInput m_input;
     TypeAhead m_search;
     OrderFreeze m_freeze;
     bool m_isCalm = false;

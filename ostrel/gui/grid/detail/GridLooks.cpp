@@ -161,6 +161,7 @@ bool GridLooks::CanScrollPixels(int distance) const
 void GridLooks::Paint()
 {
     CGrid& grid = m_core.Grid();
+    m_core.Controls().Place(); // what it uncovers is to be painted now
     std::vector<CRect> const areas = AreasToPaint(grid.GetSafeHwnd());
     CPaintDC dc(&grid);
     m_core.Scroller().OnPainted();

@@ -172,6 +172,8 @@ enum class GridOperation : WPARAM
     GetOptimalRowHeight = 170,
     GetOptimalCellWidth = 171,
     Navigate = 174,
+    AttachControl = 175,
+    HasControl = 178,
     SetEditInPlace = 179,
     GetEditInPlace = 180,
     GetEditInPlaceSettings = 186,

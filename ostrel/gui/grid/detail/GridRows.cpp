@@ -78,6 +78,7 @@ void GridRows::PutIn(CGridItem& item, CGridItem& parent, CGridItem* after, BarsF
     RowChangeScope scope(m_core, area);
     area.Insert(item, parent, ResolveAfter(after, area), scope.changes);
     RepaintBranch(parent);
+    m_core.Controls().OnEntered(item);
     scope.Finish(bars);
 }
 
@@ -151,6 +152,16 @@ bool GridRows::PrepareFocusForLeaving(CGridItem& item)
     return m_core.AreaOf(&item) != nullptr;
 }
 
+// Null when the row has gone while its controls were hidden.
+GridArea* GridRows::AreaOfLeaving(CGridItem& item)
+{
+    if (m_core.AreaOf(&item) != nullptr)
+    {
+        m_core.Controls().OnLeaving(item);
+    }
+    return m_core.AreaOf(&item);
+}
+
 void GridRows::Unregister(CGridItem& subtree)
 {
     ObjectRegistry& registry = ObjectRegistry::Instance();
@@ -179,7 +190,7 @@ bool GridRows::Delete(CGridItem* item)
     {
         m_core.Notifier().Rows(ItemDeleting, RowArea::DeletionOrder(*item));
     }
-    GridArea* const area = m_core.AreaOf(item);
+    GridArea* const area = AreaOfLeaving(*item);
     if (area == nullptr)
     {
         return true;
@@ -221,6 +232,7 @@ void GridRows::DeleteAllOf(GridArea& area)
     {
         m_core.Notifier().Rows(ItemDeleting, RowArea::DeletionOrder(area.Root()));
     }
+    m_core.Controls().OnLeaving(area);
     if (CGridItem* const focused = m_core.Selection().FocusedItem(); m_core.AreaOf(focused) == &area)
     {
         m_core.Selection().AdoptFocus(nullptr);
@@ -291,7 +303,7 @@ bool GridRows::Detach(CGridItem* item)
     {
         m_core.Selection().FocusItem(nullptr);
     }
-    if (!PrepareFocusForLeaving(*item))
+    if (!PrepareFocusForLeaving(*item) || AreaOfLeaving(*item) == nullptr)
     {
         return false;
     }
@@ -351,11 +363,11 @@ bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bo
     {
         carriesFocus ? m_core.Selection().AdoptFocus(nullptr) : m_core.Selection().FocusItem(nullptr);
     }
-    if (m_core.AreaOf(item) == nullptr)
+    GridArea* const oldArea = AreaOfLeaving(*item);
+    if (oldArea == nullptr)
     {
         return false;
     }
-    CGridItem& oldRoot = GridArea::Of(*item)->Root();
     TakeOut(*item, BarsFollow::Posted);
     if (!IsAttachable(item))
     {
@@ -363,7 +375,7 @@ bool GridRows::Move(CGridItem* item, CGridItem* parent, CGridItem* reference, bo
     }
     // A handler may have deleted the new parent: then the row stays in its area.
     bool const hasParent = IsRootOrRow(newParent);
-    PutIn(*item, hasParent ? *newParent : oldRoot, hasParent ? after : LastPosition, BarsFollow::Now);
+    PutIn(*item, hasParent ? *newParent : oldArea->Root(), hasParent ? after : LastPosition, BarsFollow::Now);
     if (carriesFocus && m_core.AreaOf(focused) != nullptr && m_core.Selection().FocusedItem() == nullptr)
     {
         m_core.Selection().AdoptFocus(focused);
@@ -393,6 +405,7 @@ void GridRows::Expand(CGridItem* handle, bool recursive, bool expand)
     {
         m_core.View().InvalidateRow(row, area.Type());
     }
+    m_core.Controls().OnVisibilityChanged(*item);
     scope.Finish(BarsFollow::Now);
 }
 

@@ -88,6 +88,8 @@ private:
 
     /// Moves or clears the focus before a row goes. False when the row was gone already after that.
     [[nodiscard]] bool PrepareFocusForLeaving(CGridItem& item);
+    /// Takes the controls of a row that is about to leave out of sight.
+    [[nodiscard]] GridArea* AreaOfLeaving(CGridItem& item);
     [[nodiscard]] bool IsRootOrRow(CGridItem const* item) const;
     [[nodiscard]] CGridItem* NeighbourOf(CGridItem const& item) const;
     void RepaintBranch(CGridItem const& parent);

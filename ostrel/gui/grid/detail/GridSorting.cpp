@@ -135,9 +135,11 @@ void GridSorting::UpdateFilter()
 {
     RowChangeScope fixed(m_core, m_core.Fixed());
     m_core.Fixed().ApplyFilter(fixed.changes);
+    m_core.Controls().OnVisibilityChanged(m_core.Fixed().Root());
     fixed.FinishRows(BarsFollow::Now);
     RowChangeScope scrollable(m_core, m_core.Scrollable());
     m_core.Scrollable().ApplyFilter(scrollable.changes);
+    m_core.Controls().OnVisibilityChanged(m_core.Scrollable().Root());
     scrollable.FinishRows(BarsFollow::Now);
     if (!m_core.IsCalm())
     {

@@ -145,6 +145,7 @@ bool GridUpdates::ApplyFilter(GridArea& area, CGridItem& item)
     RowChangeScope scope(m_core, area);
     if (area.ApplyFilterTo(item, scope.changes))
     {
+        m_core.Controls().OnVisibilityChanged(item);
         scope.Finish(BarsFollow::Posted);
         if (!m_core.IsCalm())
         {
