@@ -16,6 +16,7 @@ constexpr PageEntry kPages[] = {
     {"images", "Images", MakeImagesPage},
     {"progress", "Progress bars", MakeProgressPage},
     {"custom-draw", "Custom drawing", MakeCustomDrawPage},
+    {"controls", "Controls in cells", MakeControlsPage},
     {"hierarchy", "Hierarchy", MakeHierarchyPage},
     {"fixed", "Fixed rows, columns", MakeFixedPage},
     {"backgrounds", "Backgrounds", MakeBackgroundsPage},

@@ -28,6 +28,7 @@ std::unique_ptr<CPage> MakeHighlightPage();
 std::unique_ptr<CPage> MakeImagesPage();
 std::unique_ptr<CPage> MakeProgressPage();
 std::unique_ptr<CPage> MakeCustomDrawPage();
+std::unique_ptr<CPage> MakeControlsPage();
 std::unique_ptr<CPage> MakeHierarchyPage();
 std::unique_ptr<CPage> MakeFixedPage();
 std::unique_ptr<CPage> MakeBackgroundsPage();

@@ -186,11 +186,14 @@ TEST_F(EmbeddedControlTest, FollowsItsCell)
     CRect const before = PlaceOf(control);
     EXPECT_EQ(before, PriceCell("row3"));
 
+    CRect client;
+    Grid().GetClientRect(&client);
     auto const expectOverCell = [&](char const* step)
     {
         driver.RunUntilIdle();
         EXPECT_FALSE(PriceCell("row3").IsRectEmpty()) << step;
-        EXPECT_EQ(PlaceOf(control), PriceCell("row3")) << step;
+        EXPECT_EQ(PlaceOf(control) & client, PriceCell("row3")) << step;
+        EXPECT_EQ(PlaceOf(control).Size(), before.Size()) << step;
     };
     Grid().SetFirstVisibleRow(2);
     expectOverCell("scrolled");

@@ -41,7 +41,7 @@ CEmbeddedControlAdapter* GridControls::Attach(CWnd* control, CGridItem* item, lo
     }
     RowControls::Need(*item).Put(std::move(entry));
     m_rows.insert(item);
-    CRect const cell = m_core.View().CellVisibleRect(*item, fieldId);
+    CRect const cell = m_core.View().ControlRect(*item, fieldId);
     if (cell.IsRectEmpty())
     {
         adapter.MoveAway();
@@ -180,7 +180,7 @@ void GridControls::PlaceRow(CGridItem& item)
     for (std::size_t i = 0; m_rows.contains(&item) && i < RowControls::Of(item)->Count(); ++i)
     {
         RowControls::Entry& entry = RowControls::Of(item)->At(i);
-        CRect const cell = m_core.View().CellVisibleRect(item, entry.fieldId);
+        CRect const cell = m_core.View().ControlRect(item, entry.fieldId);
         if (!cell.IsRectEmpty())
         {
             entry.placementPass = m_pass;

@@ -132,6 +132,18 @@ CRect GridView::CellVisibleRect(CGridItem const& item, long fieldId) const
     return rect.IsRectEmpty() ? CRect() : rect;
 }
 
+CRect GridView::ControlRect(CGridItem const& item, long fieldId) const
+{
+    CRect rect = CellVisibleRect(item, fieldId);
+    if (!rect.IsRectEmpty())
+    {
+        auto const layout = m_core.Columns().Layout();
+        rect.right = layout->VisibleRect(*layout->VisibleOf(fieldId), m_core.Scroller().HorizontalPosition()).right;
+        rect.bottom = RowRect(RowArea::RowOf(item), item.Area()->Type()).bottom;
+    }
+    return rect;
+}
+
 CRect GridView::CellVirtualRect(CGridItem const& item, long fieldId) const
 {
     CRect rect = LineVirtualRect(item);

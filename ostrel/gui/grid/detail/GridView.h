@@ -34,6 +34,9 @@ public:
     [[nodiscard]] CRect LineVisibleRect(CGridItem const& item) const;
     [[nodiscard]] CRect LineVirtualRect(CGridItem const& item) const;
     [[nodiscard]] CRect CellVisibleRect(CGridItem const& item, long fieldId) const;
+    /// Where a control over a cell goes: the cell as it is scrolled now, also beyond the window's edges, less what lies
+    /// under the fixed columns. Empty while nothing of the cell is on the screen.
+    [[nodiscard]] CRect ControlRect(CGridItem const& item, long fieldId) const;
     [[nodiscard]] CRect CellVirtualRect(CGridItem const& item, long fieldId) const;
 
     // --- Invalidation ---
