@@ -1,4 +1,5 @@
 #include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/testing/TestObject.h>
 
 namespace Ostrel::Testing
@@ -7,7 +8,9 @@ namespace Ostrel::Testing
 // The rows must be gone before the values are.
 TestObject::~TestObject()
 {
-    NotifyDelete();
+    Platform::CallbackErrors errors;
+    Platform::CallbackErrors::Keep([this]() { NotifyDelete(); });
+    errors.Report();
 }
 
 Common::CFieldMap const* TestObject::GetFieldMap() const

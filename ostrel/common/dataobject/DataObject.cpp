@@ -16,6 +16,7 @@
 #include <ostrel/common/value/Serializer.h>
 #include <ostrel/common/value/Value.h>
 #include <ostrel/common/value/detail/TypeTraits.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::Common
 {
@@ -116,7 +117,9 @@ void CDataObject::ISink::OnDelete(CDataObject const* /*object*/) {}
 
 CDataObject::~CDataObject()
 {
-    NotifyDelete();
+    Platform::CallbackErrors errors;
+    Platform::CallbackErrors::Keep([this]() { NotifyDelete(); });
+    errors.Report();
     delete SinkList::In(m_sinks.load(std::memory_order_acquire));
 }
 
@@ -199,6 +202,7 @@ void CDataObject::NotifyUpdate(std::set<long> const& fids)
     ForEachSink([&](ISink& sink) { sink.OnUpdate(fids, this); });
 }
 
+// All are told, whatever one of them throws: the object goes.
 void CDataObject::NotifyDelete()
 {
     std::uintptr_t word = m_sinks.load(std::memory_order_acquire);
@@ -214,7 +218,10 @@ void CDataObject::NotifyDelete()
     if (SinkList* const list = SinkList::In(word))
     {
         std::vector<ISink*> sinks = list->TakeAll();
-        detail::NotificationPass(sinks).Run([this](ISink& sink) { sink.OnDelete(this); });
+        Platform::CallbackErrors errors;
+        detail::NotificationPass(sinks).Run([this](ISink& sink)
+                                            { Platform::CallbackErrors::Keep([&]() { sink.OnDelete(this); }); });
+        errors.Rethrow();
     }
 }
 

@@ -2,6 +2,7 @@
 #include <ostrel/common/dataobject/Field.h>
 #include <ostrel/common/dataobject/detail/CallChain.h>
 #include <ostrel/common/dataobject/detail/NotificationPass.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::Common
 {
@@ -48,7 +49,9 @@ CDelegate::CDelegate(CDataObject* aggregate, bool ownsAggregate) : m_ownsAggrega
 
 CDelegate::~CDelegate()
 {
-    NotifyDelete();
+    Platform::CallbackErrors errors;
+    Platform::CallbackErrors::Keep([this]() { NotifyDelete(); });
+    errors.Report();
     CDataObject const* const aggregate = CDelegate::SetAggregate(nullptr);
     detail::NotificationPass::Drop(&m_forwarder); // a sink of the aggregate may be what deletes this object
     if (m_ownsAggregate)

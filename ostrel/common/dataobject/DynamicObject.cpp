@@ -3,6 +3,7 @@
 #include <ostrel/common/dataobject/detail/TextAccess.h>
 #include <ostrel/common/format/Format.h>
 #include <ostrel/common/thread/Lock.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/Narrow.h>
 
 namespace Ostrel::Common
@@ -20,7 +21,9 @@ bool IsReserved(long fid) noexcept
 
 CDynamicObject::~CDynamicObject()
 {
-    NotifyDelete();
+    Platform::CallbackErrors errors;
+    Platform::CallbackErrors::Keep([this]() { NotifyDelete(); });
+    errors.Report();
 }
 
 bool CDynamicObject::DeclareField(CField* field)

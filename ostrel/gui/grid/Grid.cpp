@@ -2,6 +2,7 @@
 // GridRowCalls.cpp and GridViewCalls.cpp.
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/MessageLoop.h>
 
@@ -91,7 +92,16 @@ BOOL CGrid::PreTranslateMessage(MSG* message)
     return handled != 0 ? TRUE : CWnd::PreTranslateMessage(message);
 }
 
+// The window goes, whatever the handlers of its last notifications throw.
 LRESULT CGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    Platform::CallbackErrors errors;
+    LRESULT const result = Answer(message, wParam, lParam);
+    message == WM_DESTROY ? errors.Report() : errors.Rethrow();
+    return result;
+}
+
+LRESULT CGrid::Answer(UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == Detail::GridThread::Message())
     {

@@ -42,6 +42,11 @@ class GridCore;
 /// Lifetime: a grid never owns a data object and always owns its rows. Row handles are checked before use: a handle
 /// that is not of this grid, or whose row is gone, does nothing and gives the neutral result. Row numbers count the
 /// visible rows of one area from 0. A field identifier (fid) of -1 means all fields, -2 none.
+/// Callbacks that throw: an operation is always completed. The first of what handlers of its notifications, the filter,
+/// getters, formats and drawings throw meanwhile is thrown when it is done, to the caller or, for what the user or an
+/// update started, out of the message loop. Until then a filter that throws hides nothing, and a value or text that
+/// could not be read counts as empty. What is thrown while an object or the window is destroyed becomes a line on the
+/// standard error stream. A visitor of ForEach that throws ends the walk.
 class OSTREL_GUI_API CGrid : public CWnd
 {
     DECLARE_DYNCREATE(CGrid)
@@ -693,6 +698,7 @@ private:
     using NavigationKey = void (IKeyManager::*)(CGrid& grid, bool shift, bool ctrl);
 
     void Navigate(NavigationKey key, bool shift, bool ctrl);
+    LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT AfterDefault(UINT message, WPARAM wParam, LPARAM lParam);
 
     std::unique_ptr<Detail::GridCore> m_core;

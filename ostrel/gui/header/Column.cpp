@@ -1,5 +1,6 @@
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/detail/ColumnImpl.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/Narrow.h>
 
 namespace Ostrel::GUI
@@ -308,10 +309,12 @@ void CColumn::Unsubscribe(INotify* subscriber)
 
 void CColumn::Notify(NotificationType type)
 {
+    Platform::CallbackErrors errors;
     for (auto const subscribers = m_impl->subscribers.Copy(); INotify* const subscriber : *subscribers)
     {
-        subscriber->OnColumnChanged(this, type);
+        Platform::CallbackErrors::Keep([&]() { subscriber->OnColumnChanged(this, type); });
     }
+    errors.Rethrow();
 }
 
 } // namespace Ostrel::GUI

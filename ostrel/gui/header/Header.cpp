@@ -2,6 +2,7 @@
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/header/detail/HeaderImpl.h>
 #include <ostrel/gui/header/detail/HorizontalScroll.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/Narrow.h>
 
 namespace Ostrel::GUI
@@ -21,7 +22,9 @@ CHeader::CHeader(CHeader const& other, bool autoDelete)
 
 CHeader::~CHeader()
 {
-    CHeader::RemoveAll();
+    Platform::CallbackErrors errors;
+    Platform::CallbackErrors::Keep([this]() { CHeader::RemoveAll(); });
+    errors.Report();
 }
 
 bool CHeader::AutoDelete() const
@@ -60,12 +63,14 @@ bool CHeader::Remove(long fid)
 
 void CHeader::RemoveAll()
 {
+    Platform::CallbackErrors errors;
     for (Impl::ColumnPtr& column : m_impl->TakeOutAll())
     {
         column->Unsubscribe(m_impl.get());
-        m_impl->Raise(column.get(), ColumnRemoved);
+        Platform::CallbackErrors::Keep([&]() { m_impl->Raise(column.get(), ColumnRemoved); });
         column.reset();
     }
+    errors.Rethrow();
 }
 
 int CHeader::GetColumnCount() const
@@ -285,11 +290,13 @@ int CHeader::GetNavigationColumn() const
 
 void CHeader::AllowSort(bool allow)
 {
+    Platform::CallbackErrors errors;
     if (!allow)
     {
-        ResetSort();
+        Platform::CallbackErrors::Keep([this]() { ResetSort(); });
     }
     m_impl->Exchange(&HeaderSettings::allowSort, allow);
+    errors.Rethrow();
 }
 
 bool CHeader::CanSort() const
@@ -299,11 +306,13 @@ bool CHeader::CanSort() const
 
 void CHeader::AllowMultiSort(bool allow)
 {
+    Platform::CallbackErrors errors;
     if (!allow && GetSortLevels() > 1)
     {
-        ResetSort();
+        Platform::CallbackErrors::Keep([this]() { ResetSort(); });
     }
     m_impl->Exchange(&HeaderSettings::allowMultiSort, allow);
+    errors.Rethrow();
 }
 
 bool CHeader::CanMultiSort() const

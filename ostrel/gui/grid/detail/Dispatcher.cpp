@@ -11,10 +11,13 @@
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/grid/detail/UpdateLookAhead.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/ThreadId.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 constexpr char const* kWindowClass = "Ostrel.Grid.Dispatcher";
@@ -254,6 +257,7 @@ void Dispatcher::OnUpdate(long fieldId, Common::CDataObject const* object)
     {
         return;
     }
+    CallbackErrors errors; // of the object's getters
     std::unique_ptr<UpdateRecord, void (*)(UpdateRecord*)> record(UpdateRecord::Take(), &UpdateRecord::GiveBack);
     record->object = object;
     record->fieldId = fieldId;
@@ -264,12 +268,14 @@ void Dispatcher::OnUpdate(long fieldId, Common::CDataObject const* object)
     if (only != nullptr)
     {
         Post(only, record.release());
+        errors.Rethrow();
         return;
     }
     for (HWND const window : WindowsFor(object))
     {
         Post(window, record->Copy());
     }
+    errors.Rethrow();
 }
 
 void Dispatcher::OnDelete(Common::CDataObject const* object)
@@ -293,11 +299,15 @@ void Dispatcher::OnDelete(Common::CDataObject const* object)
 
 void Dispatcher::Deliver(UpdateRecord const& record)
 {
+    CallbackErrors errors;
     ForEachRow(record.object, [&](CGridItem& item) { Apply(item, record); });
+    errors.Rethrow();
 }
 
 void Dispatcher::RemoveRows(Common::CDataObject const* object)
 {
+    CallbackErrors errors; // which the destructor of the object, on whatever thread, cannot throw
     ForEachRow(object, [](CGridItem& item) { GridRows::DeleteAnywhere(item); });
+    errors.Report();
 }
 } // namespace Ostrel::GUI::Detail

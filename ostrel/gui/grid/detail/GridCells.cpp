@@ -8,9 +8,12 @@
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 ValueCache* CacheOf(CGridItem const& item) noexcept
@@ -33,8 +36,8 @@ void ReformatOne(CachedValue& cached, Common::CFormat const* format, Common::CDa
 {
     if (format != nullptr)
     {
-        cached.stlText = format->FormatStl(cached.value, object);
-        cached.mfcText = format->FormatMfc(cached.value, object);
+        CallbackErrors::Keep([&]() { cached.stlText = format->FormatStl(cached.value, object); });
+        CallbackErrors::Keep([&]() { cached.mfcText = format->FormatMfc(cached.value, object); });
     }
 }
 } // namespace
@@ -107,6 +110,8 @@ void GridCells::Reformat(CGridItem& item, long fieldId) const
 
 Common::CValue GridCells::GetSortValue(CGridItem& item, long fieldId)
 {
-    return Value(item, fieldId);
+    Common::CValue value;
+    CallbackErrors::Keep([&]() { value = Value(item, fieldId); });
+    return value;
 }
 } // namespace Ostrel::GUI::Detail

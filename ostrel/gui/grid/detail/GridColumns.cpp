@@ -4,6 +4,7 @@
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -157,7 +158,7 @@ void GridColumns::Handle(CColumn* column, CHeader::NotificationType type)
         break;
     case CHeader::FontChanged:
         notifier.Column(HeaderColumnChanged, column);
-        m_header->SetHeaderHeight(OptimalHeaderHeight());
+        Platform::CallbackErrors::Keep([this]() { m_header->SetHeaderHeight(OptimalHeaderHeight()); });
         LayOutAnew();
         break;
     default:

@@ -8,12 +8,15 @@
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/detail/GridPainter.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 #include <ostrel/platform/window/PaintDC.h>
 #include <ostrel/platform/window/WindowApi.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 // A region of more rectangles, whose data pass 4096 bytes, is painted as its bounds.
@@ -102,7 +105,9 @@ int GridLooks::OptimalRowHeight(ContextType type) const
     }
     CDC dc;
     dc.CreateCompatibleDC(nullptr);
-    return CustomDrawInUse().GetOptimalRowHeight(FontInUse(), dc);
+    int height = 0;
+    CallbackErrors::Keep([&]() { height = CustomDrawInUse().GetOptimalRowHeight(FontInUse(), dc); });
+    return height;
 }
 
 void GridLooks::SetRowHeight(ContextType type, int height)
@@ -128,7 +133,7 @@ void GridLooks::MeasureHeights()
 {
     if (CHeader* const header = m_core.Columns().Header())
     {
-        header->SetHeaderHeight(m_core.Columns().OptimalHeaderHeight());
+        CallbackErrors::Keep([&]() { header->SetHeaderHeight(m_core.Columns().OptimalHeaderHeight()); });
     }
     MeasureRowHeights();
 }

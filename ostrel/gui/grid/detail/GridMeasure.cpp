@@ -12,6 +12,7 @@
 #include <ostrel/gui/paint/ICustomDraw.h>
 #include <ostrel/gui/paint/PaintContext.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 
 namespace Ostrel::GUI::Detail
@@ -117,7 +118,7 @@ void GridColumns::AdjustAll()
     {
         for (VisibleColumn const& column : layout->VisibleColumns())
         {
-            Adjust(column.column);
+            Platform::CallbackErrors::Keep([&]() { Adjust(column.column); });
         }
     }
 }

@@ -7,10 +7,13 @@
 #include <ostrel/gui/header/detail/HeaderLayout.h>
 #include <ostrel/gui/paint/detail/GridPainter.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 constexpr UINT kScrollStepMs = 100;
@@ -92,7 +95,8 @@ void GridMouse::OnLeftUp(CPoint clientPoint, WPARAM keys)
     m_isPressed = false;
     if (m_header.IsActive())
     {
-        m_header.Release(clientPoint, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+        CallbackErrors::Keep([&]()
+                             { m_header.Release(clientPoint, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0); });
     }
     if (std::exchange(m_isClickDue, false))
     {
@@ -118,7 +122,7 @@ void GridMouse::OnCaptureLost()
     m_isClickDue = false;
     if (m_header.IsActive())
     {
-        m_header.Cancel();
+        CallbackErrors::Keep([&]() { m_header.Cancel(); });
     }
     EndTracking();
     m_core.Freeze().OnRelease();

@@ -2,6 +2,7 @@
 #include <ostrel/gui/grid/detail/GridNotifier.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -70,7 +71,8 @@ NMHDR GridNotifier::Head(NotificationCode code) const
 
 void GridNotifier::Send(HWND target, NMHDR const& head) const
 {
-    ::SendMessage(target, WM_NOTIFY, head.idFrom, reinterpret_cast<LPARAM>(&head));
+    Platform::CallbackErrors::Keep([&]()
+                                   { ::SendMessage(target, WM_NOTIFY, head.idFrom, reinterpret_cast<LPARAM>(&head)); });
 }
 
 void GridNotifier::Row(NotificationCode code, CGridItem& item) const

@@ -1,5 +1,6 @@
 // Tells the parent window what happens in a grid. Every notification is sent, so the parent has handled it when the
-// call returns; rows may then be gone, whoever goes on checks what it holds.
+// call returns; rows may then be gone, whoever goes on checks what it holds. What the parent's handler throws waits
+// until the operation is complete.
 #pragma once
 
 #include <span>

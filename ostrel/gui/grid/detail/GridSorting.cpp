@@ -4,9 +4,12 @@
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/GridSorting.h>
 #include <ostrel/gui/header/Header.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 void GridSorting::SetLevel(int level, CSortInfo const& info, bool update)
 {
     CHeader* const header = m_core.Columns().Header();
@@ -16,7 +19,7 @@ void GridSorting::SetLevel(int level, CSortInfo const& info, bool update)
     }
     // A level that really changes sorts the rows by way of the header's event; twice would be for nothing.
     m_hasJustSorted = false;
-    header->SetSort(level, info);
+    CallbackErrors::Keep([&]() { header->SetSort(level, info); });
     if (update && !std::exchange(m_hasJustSorted, false))
     {
         Update();
@@ -27,7 +30,7 @@ void GridSorting::Reset(bool redraw)
 {
     if (CHeader* const header = m_core.Columns().Header())
     {
-        header->ResetSort();
+        CallbackErrors::Keep([&]() { header->ResetSort(); });
     }
     m_core.Fixed().Sort({});
     m_core.Scrollable().Sort({});
@@ -91,7 +94,7 @@ void GridSorting::SetOnlyUserLevel(long fieldId)
     }
     if (count > 0)
     {
-        header.ResetSort();
+        CallbackErrors::Keep([&]() { header.ResetSort(); });
     }
     header.SetSort(0, CSortInfo(fieldId, count > 0 && first.GetReverseSort()));
 }
@@ -152,6 +155,11 @@ void GridSorting::UpdateFilter()
 
 bool GridSorting::IsHidden(CGridItem& item)
 {
-    return m_filter != nullptr && m_filter->IsFiltered(&m_core.Grid(), &item, item.Object());
+    bool hides = false;
+    if (m_filter != nullptr)
+    {
+        CallbackErrors::Keep([&]() { hides = m_filter->IsFiltered(&m_core.Grid(), &item, item.Object()); });
+    }
+    return hides;
 }
 } // namespace Ostrel::GUI::Detail

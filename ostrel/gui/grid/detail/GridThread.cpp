@@ -8,7 +8,9 @@ void CarriedCall::Run() noexcept
 {
     try
     {
+        Platform::CallbackErrors errors;
         m_runner(m_callable);
+        errors.Rethrow();
     }
     catch (...)
     {

@@ -1,9 +1,10 @@
 // Carries a call to the thread of a grid window: the one mechanism behind every public operation of the grid.
 //
 // A call from another thread lives on the caller's stack while SendMessage waits, so nothing is copied and no argument
-// block exists. What the callable throws travels back and is thrown again on the caller's thread. A call whose window
-// is gone, or dies while the call waits, gives the neutral result. Calls that wait are listed, so that the message runs
-// nothing when somebody else sends it.
+// block exists. What the callable throws travels back and is thrown again on the caller's thread. What a callback of
+// the application throws meanwhile, a handler or a filter, is kept until the operation is complete and thrown then. A
+// call whose window is gone, or dies while the call waits, gives the neutral result. Calls that wait are listed, so
+// that the message runs nothing when somebody else sends it.
 #pragma once
 
 #include <atomic>
@@ -14,6 +15,7 @@
 #include <utility>
 
 #include <ostrel/gui/grid/detail/GridOperation.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/ThreadId.h>
 #include <ostrel/platform/base/Types.h>
 
@@ -67,7 +69,10 @@ public:
     {
         if (IsCurrent())
         {
-            return static_cast<Result>(callable());
+            Platform::CallbackErrors errors;
+            auto result = static_cast<Result>(callable());
+            errors.Rethrow();
+            return result;
         }
         std::optional<Result> result;
         auto carried = [&]() { result.emplace(static_cast<Result>(callable())); };
@@ -78,7 +83,9 @@ public:
     {
         if (IsCurrent())
         {
+            Platform::CallbackErrors errors;
             callable();
+            errors.Rethrow();
             return;
         }
         auto carried = [&]() { callable(); };

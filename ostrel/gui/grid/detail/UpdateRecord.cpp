@@ -3,6 +3,7 @@
 
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -91,8 +92,10 @@ std::unique_ptr<ValueCache> TakeSnapshot(Common::CDataObject& object, long field
     auto snapshot = std::make_unique<ValueCache>();
     for (long const id : fieldIds)
     {
-        snapshot->emplace(id, CachedValue{object.GetValue(id), object.GetFormattedStlString(id, nullptr),
-                                          object.GetFormattedMfcString(id, nullptr)});
+        CachedValue& cached = (*snapshot)[id];
+        Platform::CallbackErrors::Keep([&]() { cached.value = object.GetValue(id); });
+        Platform::CallbackErrors::Keep([&]() { cached.stlText = object.GetFormattedStlString(id, nullptr); });
+        Platform::CallbackErrors::Keep([&]() { cached.mfcText = object.GetFormattedMfcString(id, nullptr); });
     }
     return snapshot;
 }

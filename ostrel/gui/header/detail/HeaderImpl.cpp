@@ -2,6 +2,7 @@
 #include <utility>
 
 #include <ostrel/gui/header/detail/HeaderImpl.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI
 {
@@ -220,10 +221,12 @@ void CHeader::Impl::RestoreSettings(HeaderSettings const& stored)
 
 void CHeader::Impl::Raise(CColumn* column, CHeader::NotificationType type) const
 {
+    Platform::CallbackErrors errors;
     for (auto const subscribers = m_subscribers.Copy(); CHeader::INotify* const subscriber : *subscribers)
     {
-        subscriber->OnHeaderChanged(&m_owner, column, type);
+        Platform::CallbackErrors::Keep([&]() { subscriber->OnHeaderChanged(&m_owner, column, type); });
     }
+    errors.Rethrow();
 }
 
 CHeader::Impl::ColumnPtr CHeader::Impl::FindLocked(CColumn const* column) const

@@ -15,10 +15,13 @@
 #include <ostrel/gui/paint/detail/GridPainter.h>
 #include <ostrel/gui/paint/detail/PaintSnapshot.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 
@@ -123,7 +126,7 @@ private:
         info.SetCaptured(m_state.headerCaptured);
         info.SetDropColumn(m_state.dropColumn);
         info.SetDropPosition(m_state.columnDropX);
-        m_customDraw.DrawHeader(info, context, m_filter);
+        CallbackErrors::Keep([&]() { m_customDraw.DrawHeader(info, context, m_filter); });
     }
 
     void PaintSeparator(CPaintContext const& context, int& y)
@@ -225,7 +228,7 @@ private:
                               band & m_state.clientRect, band, band & context.GetClipRect(), m_font, m_textOffset,
                               m_textOffset, m_grid.GetHighlightSettings());
         CGridLine line(info, row.type, row.number, row.item, row.isPreviousSelected, row.isNextSelected);
-        m_customDraw.DrawLine(line, context, m_filter);
+        CallbackErrors::Keep([&]() { m_customDraw.DrawLine(line, context, m_filter); });
     }
 
     CGrid const& m_grid;
