@@ -121,7 +121,7 @@ void RequestFillerPaint(CGridCell const& cell, CPaintContext const& context, uns
     int const delayMs = Detail::NextPaintDelay(elapsedMs, cell.GetPaintInfo().GetHighlightSettings());
     if (delayMs > 0)
     {
-        area->Core().Repaints().RepaintFiller(*item, delayMs);
+        area->Core().Repaints().RepaintPainted(*item, Detail::kNoField, delayMs);
     }
 }
 

@@ -68,7 +68,9 @@ void CGridCell::RequestNextPaint(int delayMs) const
     Detail::GridArea* const area = item != nullptr && m_column != nullptr ? Detail::GridArea::Of(*item) : nullptr;
     if (area != nullptr)
     {
-        area->Core().Grid().InvalidateCell(item, m_column->GetFid(), delayMs);
+        Detail::RepaintSchedule& repaints = area->Core().Repaints();
+        long const fid = m_column->GetFid();
+        Detail::IsField(fid) ? repaints.RepaintPainted(*item, fid, delayMs) : repaints.RepaintRow(*item, delayMs);
     }
 }
 

@@ -72,9 +72,12 @@ void DrawDropMark(CHeaderPaintInfo const& info, CDC& dc)
     int const half = Platform::Scaled(1);
     int const wing = Platform::Scaled(3);
     int const x = std::clamp<int>(info.GetDropPosition(), band.left + half, band.right - half);
-    dc.FillSolidRect(CRect(x - half, band.top, x + half, band.bottom), color);
-    dc.FillSolidRect(CRect(x - wing, band.top, x + wing, band.top + half), color);
-    dc.FillSolidRect(CRect(x - wing, band.bottom - half, x + wing, band.bottom), color);
+    for (CRect const& part :
+         {CRect(x - half, band.top, x + half, band.bottom), CRect(x - wing, band.top, x + wing, band.top + half),
+          CRect(x - wing, band.bottom - half, x + wing, band.bottom)})
+    {
+        dc.FillSolidRect(part & band, color);
+    }
 }
 
 } // namespace

@@ -38,14 +38,15 @@ struct CellFrame
     bool isLast;
 };
 
-/// Keeps shapes that end at `right` inside a cell that ends before: the next cell may be translucent.
+/// Keeps shapes that end at `right` inside a cell that ends before, and lines inside a cell that is narrower or lower
+/// than they are: the cell beside it may be translucent, or not be painted.
 class CellClip
 {
 public:
     CellClip(CDC& dc, CGridCell const& cell, int right)
     {
         CRect const& visible = cell.GetPaintInfo().GetVisibleRect();
-        if (right > visible.right)
+        if (right > visible.right || std::min(visible.Width(), visible.Height()) < Detail::LineWidth())
         {
             m_scope.emplace(dc, visible);
         }
@@ -124,6 +125,7 @@ void CPaintHelper::DrawSelectionFrame(CGridCell const& cell, unsigned long color
     CellFrame const frame(cell);
     CRect const& rect = frame.rect;
     CDC& dc = context.GetDC();
+    CellClip const clip(dc, cell, rect.right);
     auto const ink = static_cast<COLORREF>(color);
     int const width = Detail::LineWidth();
     if (!line.IsPreviusRowSelected())
@@ -153,6 +155,7 @@ void CPaintHelper::DrawFocus(CGridCell const& cell, unsigned long color, CPaintC
     CellFrame const frame(cell);
     CRect const& rect = frame.rect;
     CDC& dc = context.GetDC();
+    CellClip const clip(dc, cell, rect.right);
     auto const ink = static_cast<COLORREF>(color);
     int const width = Detail::LineWidth();
     int const left = Detail::NextDot(rect.left);
@@ -305,6 +308,7 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
 void CPaintHelper::DrawVerticalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
 {
     CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
+    CellClip const clip(context.GetDC(), cell, cell.GetPaintInfo().GetVisibleRect().right);
     Detail::DrawDottedVertical(context.GetDC(), rect.right - Detail::LineWidth(), Detail::NextDot(rect.top),
                                rect.bottom, static_cast<COLORREF>(color));
 }
@@ -312,6 +316,7 @@ void CPaintHelper::DrawVerticalLines(CGridCell const& cell, unsigned long color,
 void CPaintHelper::DrawHorizontalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
 {
     CRect const rect = CellFrame(cell).rect;
+    CellClip const clip(context.GetDC(), cell, rect.right);
     Detail::DrawDottedHorizontal(context.GetDC(), Detail::NextDot(rect.left), rect.right,
                                  rect.bottom - Detail::LineWidth(), static_cast<COLORREF>(color));
 }

@@ -1,10 +1,15 @@
 // What the window shows after any change is what painting all of it anew would show: nothing is left behind by moved
 // pixels or by areas that were not invalidated.
+#include <algorithm>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/paint/BackgroundImage.h>
+#include <ostrel/gui/paint/PaintFilter.h>
 #include <ostrel/platform/base/Clock.h>
+#include <ostrel/platform/drawing/ImageList.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/MessageLoop.h>
 
@@ -37,6 +42,12 @@ public:
         CFont font;
         font.CreatePointFont(60 + 10 * Below(6), "DejaVu Sans");
         m_scene.grid.SetFont(&font);
+        std::vector<DWORD> pixels(12 * 8);
+        std::generate(pixels.begin(), pixels.end(), [this] { return 0xFF000000U | static_cast<DWORD>(m_random()); });
+        m_picture.CreateBitmap(12, 8, 1, 32, pixels.data());
+        m_images.Create(12, 8, ILC_COLOR32, 1, 1);
+        m_images.Add(&m_picture, CLR_NONE);
+        m_scene.Column(kCountFid).SetCellImageId(0);
         for (int row = Below(25); row > 0; --row)
         {
             Act(Add);
@@ -69,6 +80,13 @@ private:
         Sort,
         Fix,
         Wait,
+        MoveMouse,
+        PressMouse,
+        ReleaseMouse,
+        Darken,
+        ChangePicture,
+        ChangeImages,
+        ChangeSwitches,
         kActionCount
     };
 
@@ -124,13 +142,64 @@ private:
         case Fix:
             m_scene.header->SetFixedColumnsCount(Below(3));
             break;
-        default:
+        case Wait:
             Platform::TurnClock(Below(300));
+            break;
+        case MoveMouse:
+            SendMouse(WM_MOUSEMOVE);
+            break;
+        case PressMouse:
+            SendMouse(WM_LBUTTONDOWN);
+            SendMouse(WM_MOUSEMOVE);
+            break;
+        case ReleaseMouse:
+            SendMouse(WM_LBUTTONUP);
+            break;
+        default:
+            ChangeLooks(action);
+            break;
+        }
+    }
+
+    void SendMouse(UINT message)
+    {
+        CRect client;
+        m_scene.grid.GetClientRect(&client);
+        int const x = Below(client.right + 10);
+        int const y = Below(Maybe() ? client.bottom + 10 : kHeaderHeight);
+        m_scene.grid.SendMessage(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, (y << 16) | x);
+    }
+
+    void ChangeLooks(Action action)
+    {
+        CGrid& grid = m_scene.grid;
+        CBackgroundImage background;
+        switch (action)
+        {
+        case Darken:
+            CPreferences::SetColorScheme(Maybe() ? Platform::ColorScheme::Light : Platform::ColorScheme::Dark);
+            break;
+        case ChangePicture:
+            background.SetBitmap(Below(3) == 0 ? &m_picture : nullptr);
+            background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
+            background.SetOpacity(static_cast<unsigned char>(Below(256)));
+            grid.SetBackgroundImage(background);
+            break;
+        case ChangeImages:
+            grid.SetImageList(Maybe() ? &m_images : nullptr, Maybe());
+            break;
+        default:
+            Below(3) == 0 ? grid.HideHeader() : grid.ShowHeader();
+            grid.AllowHighlight(Maybe());
+            grid.SetContextSeparatorHeight(Below(5));
+            grid.SetPaintFilter(Maybe() ? PaintAll : static_cast<unsigned>(Below(PaintAll)) | PaintBackground);
             break;
         }
     }
 
     std::mt19937 m_random;
+    CBitmap m_picture;
+    CImageList m_images;
     Scene m_scene;
     Action m_last = Wait;
 };
@@ -140,7 +209,7 @@ private:
 TEST(RepaintTest, ChangesLeaveNothingBehind)
 {
     Platform::Clock::SetManual(1000);
-    for (unsigned seed = 0; seed < 40; ++seed)
+    for (unsigned seed = 0; seed < 60; ++seed)
     {
         Platform::SetScale(seed % 3 == 0 ? 2 : 1);
         RandomUser user(seed);
@@ -150,5 +219,6 @@ TEST(RepaintTest, ChangesLeaveNothingBehind)
         }
     }
     Platform::SetScale(1);
+    CPreferences::SetColorScheme(Platform::ColorScheme::Light);
     Platform::Clock::SetRunning();
 }

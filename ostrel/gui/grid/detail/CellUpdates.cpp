@@ -65,7 +65,7 @@ CellUpdate const* CellUpdates::Find(long fieldId) const noexcept
     return const_cast<CellUpdates*>(this)->Find(fieldId); // the search changes nothing
 }
 
-CellUpdate& CellUpdates::FindOrAdd(long fieldId, std::int32_t nowMs)
+CellUpdate& CellUpdates::FindOrAdd(long fieldId, std::int32_t lastUpdateMs)
 {
     auto const id = static_cast<std::int32_t>(fieldId);
     std::span<CellUpdate> const records = All();
@@ -74,7 +74,7 @@ CellUpdate& CellUpdates::FindOrAdd(long fieldId, std::int32_t nowMs)
     {
         return *place;
     }
-    CellUpdate const added{.fieldId = id, .lastUpdateMs = nowMs};
+    CellUpdate const added{.fieldId = id, .lastUpdateMs = lastUpdateMs};
     return records.empty() ? m_only = added : InsertAt(static_cast<std::size_t>(place - records.data()), added);
 }
 

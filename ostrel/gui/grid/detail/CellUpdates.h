@@ -11,7 +11,7 @@ namespace Ostrel::GUI::Detail
 struct CellUpdate
 {
     std::int32_t fieldId = 0;
-    std::int32_t lastUpdateMs = 0;
+    std::int32_t lastUpdateMs = 0;       ///< -1: never, the record is there for its deadline
     std::int32_t repaintDeadlineMs = -1; ///< -1: none
 };
 
@@ -29,13 +29,13 @@ public:
     /// Null when the field has no record.
     [[nodiscard]] CellUpdate* Find(long fieldId) noexcept;
     [[nodiscard]] CellUpdate const* Find(long fieldId) const noexcept;
-    /// The field's record; a new one gets the time as its last update. Not for kNoField.
-    CellUpdate& FindOrAdd(long fieldId, std::int32_t nowMs);
+    /// The field's record; a new one gets the time as its last update. Not for kAllFields.
+    CellUpdate& FindOrAdd(long fieldId, std::int32_t lastUpdateMs);
     /// Has the records brought into the cache.
     void Fetch() const noexcept { __builtin_prefetch(m_block, 1); }
 
 private:
-    static constexpr std::int32_t kNone = -2; ///< means "no field" and so never has a record
+    static constexpr std::int32_t kNone = -1; ///< means all fields, which have no record of their own
 
     struct Block;
 

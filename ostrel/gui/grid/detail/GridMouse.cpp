@@ -40,6 +40,7 @@ void WatchForLeave(HWND window)
 
 void GridMouse::OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick)
 {
+    EndTracking(); // should a release never have come
     m_isPressed = true;
     m_core.Freeze().OnPress();
     m_pressPoint = clientPoint;

@@ -38,7 +38,8 @@ void TakeValues(CGridItem& item, UpdateRecord const& record)
 int GridUpdates::ElapsedMs(CGridItem const& item, long fieldId)
 {
     CellUpdate const* const cell = IsField(fieldId) ? item.Updates().Find(fieldId) : nullptr;
-    std::int32_t const lastUpdateMs = cell != nullptr ? cell->lastUpdateMs : item.RowUpdateMs();
+    bool const hasOwnTime = cell != nullptr && cell->lastUpdateMs >= 0;
+    std::int32_t const lastUpdateMs = hasOwnTime ? cell->lastUpdateMs : item.RowUpdateMs();
     return lastUpdateMs < 0 ? -1 : (GridTimeMs() - lastUpdateMs) & 0x7FFFFFFF;
 }
 

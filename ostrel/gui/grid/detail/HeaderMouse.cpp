@@ -76,7 +76,10 @@ long HeaderMouse::FieldAt(CPoint clientPoint) const
 
 void HeaderMouse::Press(CPoint clientPoint)
 {
-    m_gesture = {};
+    if (IsActive())
+    {
+        EndGesture(); // its release never came
+    }
     m_gesture.from = clientPoint;
     if (CColumn const* const column = ColumnWithEdgeAt(clientPoint))
     {

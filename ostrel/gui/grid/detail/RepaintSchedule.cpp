@@ -7,6 +7,8 @@ namespace Ostrel::GUI::Detail
 {
 namespace
 {
+constexpr std::int32_t kNever = -1;
+
 std::optional<int> Earlier(std::optional<int> a, std::optional<int> b) noexcept
 {
     return a && b ? std::min(*a, *b) : (a ? a : b);
@@ -48,23 +50,32 @@ void RepaintSchedule::RepaintCell(CGridItem& item, long fieldId, int delayMs)
         RepaintRow(item, delayMs);
         return;
     }
-    if (delayMs < 1)
+    if (delayMs >= 1)
     {
-        if (int const row = RowArea::RowOf(item); row >= 0)
-        {
-            m_core.View().InvalidateCell(row, item.Area()->Type(), fieldId);
-        }
-        return;
+        std::int32_t const nowMs = GridTimeMs();
+        CellUpdate& cell = item.Updates().FindOrAdd(fieldId, nowMs);
+        cell.lastUpdateMs = cell.lastUpdateMs >= 0 ? cell.lastUpdateMs : nowMs;
     }
-    item.Updates().FindOrAdd(fieldId, GridTimeMs()).repaintDeadlineMs = DeadlineIn(delayMs);
-    Schedule(delayMs);
+    RepaintPainted(item, fieldId, delayMs);
 }
 
-// Its deadline stands in the records of the cells, under the identifier that no field has.
-void RepaintSchedule::RepaintFiller(CGridItem& item, int delayMs)
+// The space right of the last column has its deadline in the records of the cells, under the identifier of no field.
+void RepaintSchedule::RepaintPainted(CGridItem& item, long fieldId, int delayMs)
 {
-    item.Updates().FindOrAdd(kNoField, GridTimeMs()).repaintDeadlineMs = DeadlineIn(delayMs);
-    Schedule(delayMs);
+    if (delayMs >= 1)
+    {
+        item.Updates().FindOrAdd(fieldId, kNever).repaintDeadlineMs = DeadlineIn(delayMs);
+        Schedule(delayMs);
+    }
+    else if (int const row = RowArea::RowOf(item); row >= 0)
+    {
+        InvalidateNow(row, item.Area()->Type(), fieldId);
+    }
+}
+
+void RepaintSchedule::InvalidateNow(int row, ContextType type, long fieldId)
+{
+    fieldId == kNoField ? m_core.View().InvalidateFiller(row, type) : m_core.View().InvalidateCell(row, type, fieldId);
 }
 
 void RepaintSchedule::Schedule(int delayMs)
@@ -115,8 +126,7 @@ std::optional<int> RepaintSchedule::CheckRow(CGridItem& item, int row, std::int3
         if (left <= 0)
         {
             cell.repaintDeadlineMs = -1;
-            cell.fieldId == kNoField ? m_core.View().InvalidateFiller(row, type)
-                                     : m_core.View().InvalidateCell(row, type, cell.fieldId);
+            InvalidateNow(row, type, cell.fieldId);
         }
         else
         {

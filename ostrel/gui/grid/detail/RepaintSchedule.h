@@ -17,16 +17,17 @@ public:
 
     /// Now for a delay below 1.
     void RepaintRow(CGridItem& item, int delayMs);
-    /// The whole row for a field identifier below 0.
+    /// The whole row for a field identifier below 0. With a delay a cell that was never updated counts as updated now.
     void RepaintCell(CGridItem& item, long fieldId, int delayMs);
-    /// The space right of the last column; the delay is at least 1.
-    void RepaintFiller(CGridItem& item, int delayMs);
+    /// For those who paint a cell (for kNoField: the space right of the last column): no update time changes.
+    void RepaintPainted(CGridItem& item, long fieldId, int delayMs);
 
     void OnTimer();
     void OnDestroy() noexcept { m_isPending = false; }
 
 private:
     void Schedule(int delayMs);
+    void InvalidateNow(int row, ContextType type, long fieldId);
     /// Repaints what is due in one row; the earliest deadline that is left, counted from now.
     std::optional<int> CheckRow(CGridItem& item, int row, std::int32_t nowMs);
     std::optional<int> CheckArea(ContextType type, std::int32_t nowMs);

@@ -79,10 +79,12 @@ void DrawFrame(CDC& dc, CRect const& rect, COLORREF topLeft, COLORREF bottomRigh
         dc.Draw3dRect(&rect, topLeft, bottomRight);
         return;
     }
-    dc.FillSolidRect(CRect(rect.left, rect.top, rect.right - width, rect.top + width), topLeft);
-    dc.FillSolidRect(CRect(rect.left, rect.top, rect.left + width, rect.bottom - width), topLeft);
-    dc.FillSolidRect(CRect(rect.right - width, rect.top, rect.right, rect.bottom), bottomRight);
-    dc.FillSolidRect(CRect(rect.left, rect.bottom - width, rect.right, rect.bottom), bottomRight);
+    // A rectangle can be lower than a line is wide.
+    auto const fill = [&](CRect const& side, COLORREF color) { dc.FillSolidRect(side & rect, color); };
+    fill(CRect(rect.left, rect.top, rect.right - width, rect.top + width), topLeft);
+    fill(CRect(rect.left, rect.top, rect.left + width, rect.bottom - width), topLeft);
+    fill(CRect(rect.right - width, rect.top, rect.right, rect.bottom), bottomRight);
+    fill(CRect(rect.left, rect.bottom - width, rect.right, rect.bottom), bottomRight);
 }
 
 } // namespace Ostrel::GUI::Detail
