@@ -41,6 +41,7 @@ TEST(GridGeometryTest, RowsOfPagesAndTheNearestScrollThatShowsARow)
     EXPECT_EQ(geometry.RowsUp(), 4);
     EXPECT_EQ(Sample(10, 8).RowsDown(), 2) << "only the rows that there are";
     EXPECT_EQ(Sample(10, 1).RowsUp(), 2);
+    EXPECT_EQ(Sample(0, 0).RowsUp(), 0);
     EXPECT_EQ(geometry.ShownScrollableRows(), (RowRange{3, 7})) << "the last one is cut";
 
     struct Case

@@ -132,6 +132,10 @@ void GridControls::OnVisibilityChanged(CGridItem& top)
 
 void GridControls::OnEntered(CGridItem& top)
 {
+    if (!top.HasChildren() && RowControls::Of(top) == nullptr)
+    {
+        return;
+    }
     std::vector<CGridItem*> entered;
     WalkSubtree(top,
                 [&](CGridItem& item)

@@ -27,6 +27,8 @@ public:
 
     /// Null when the control has no window of this thread, the field is none, or the cell has a control already.
     CEmbeddedControlAdapter* Attach(CWnd* control, CGridItem* item, long fieldId, CEmbeddedControlParams const& params);
+    /// Whether any row of the grid has controls.
+    [[nodiscard]] bool HasAny() const noexcept { return !m_rows.empty(); }
     /// Whether a control with a window lies over the cell. Any handle may be asked.
     [[nodiscard]] bool Has(CGridItem* item, long fieldId) const;
 

@@ -66,7 +66,7 @@ int GridGeometry::RowsDown() const noexcept
 
 int GridGeometry::RowsUp() const noexcept
 {
-    return std::min(firstRow + 1, FittingRows());
+    return std::min({scrollableRows, firstRow + 1, FittingRows()});
 }
 
 int GridGeometry::LastFirstRow() const noexcept

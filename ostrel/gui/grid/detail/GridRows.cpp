@@ -155,7 +155,7 @@ bool GridRows::PrepareFocusForLeaving(CGridItem& item)
 // Null when the row has gone while its controls were hidden.
 GridArea* GridRows::AreaOfLeaving(CGridItem& item)
 {
-    if (m_core.AreaOf(&item) != nullptr)
+    if (m_core.Controls().HasAny() && m_core.AreaOf(&item) != nullptr)
     {
         m_core.Controls().OnLeaving(item);
     }
