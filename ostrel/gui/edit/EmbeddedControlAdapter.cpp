@@ -17,11 +17,14 @@
 #include <ostrel/gui/paint/PaintContext.h>
 #include <ostrel/gui/paint/PaintHelper.h>
 #include <ostrel/gui/paint/detail/PaintSnapshot.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/window/PaintDC.h>
 #include <ostrel/platform/window/Wnd.h>
 
 namespace Ostrel::GUI
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 
@@ -174,7 +177,9 @@ void CEmbeddedControlAdapter::Record::TellSinks(UINT message, WPARAM wParam, LPA
     {
         if (sinks.contains(sink))
         {
-            sink->OnEmbeddedControlMessage(m_adapter, message, static_cast<unsigned int>(wParam), lParam);
+            CallbackErrors::Keep(
+                [&]()
+                { sink->OnEmbeddedControlMessage(m_adapter, message, static_cast<unsigned int>(wParam), lParam); });
         }
     }
 }
@@ -182,6 +187,7 @@ void CEmbeddedControlAdapter::Record::TellSinks(UINT message, WPARAM wParam, LPA
 LRESULT CEmbeddedControlAdapter::Record::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     std::shared_ptr<Record> const self = shared_from_this();
+    CallbackErrors errors; // the window gets its message, whatever the sinks throw
     HWND const window = GetHookedWindow();
     CRect updated;
     if (message == WM_PAINT)
@@ -205,6 +211,7 @@ LRESULT CEmbeddedControlAdapter::Record::WindowProc(UINT message, WPARAM wParam,
             Decorate(window, updated);
         }
     }
+    message == WM_DESTROY || message == WM_NCDESTROY ? errors.Report() : errors.Rethrow();
     return result;
 }
 

@@ -1,5 +1,6 @@
 // Controls over cells: their places, their messages, and what the grid draws over them.
 #include <functional>
+#include <stdexcept>
 
 #include <ostrel/gui/edit/EmbeddedControlAdapter.h>
 #include <ostrel/gui/edit/UserInputHelper.h>
@@ -366,6 +367,25 @@ TEST_F(EmbeddedControlTest, ASinkMayEndEverything)
     second.SendMessage(kQuestion);
     EXPECT_EQ(second.questions, 0);
     driver.RunUntilIdle();
+}
+
+TEST_F(EmbeddedControlTest, WhatASinkThrowsComesAfterTheMessageAndTheOperation)
+{
+    struct Throwing : CEmbeddedControlAdapter::ISink
+    {
+        void OnEmbeddedControlMessage(CEmbeddedControlAdapter*, unsigned int message, unsigned int, long) override
+        {
+            if (message == kQuestion || message == WM_SHOWWINDOW)
+            {
+                throw std::runtime_error("a sink");
+            }
+        }
+    } sink;
+    Attach("row1")->AddSink(&sink);
+    EXPECT_THROW(control.SendMessage(kQuestion), std::runtime_error);
+    EXPECT_EQ(control.questions, 1);
+    EXPECT_THROW(Grid().Delete(Item("row1")), std::runtime_error);
+    EXPECT_FALSE(grid.HasRow("row1"));
 }
 
 TEST_F(EmbeddedControlTest, LooksSelectedAndSortedLikeItsCell)

@@ -5,9 +5,12 @@
 #include <ostrel/gui/grid/detail/GridControls.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/TreeWalk.h>
+#include <ostrel/platform/base/CallbackErrors.h>
 
 namespace Ostrel::GUI::Detail
 {
+using Platform::CallbackErrors;
+
 namespace
 {
 /// A control that lies in another grid goes with its row.
@@ -17,7 +20,7 @@ void FollowTo(CGrid& grid, CEmbeddedControlAdapter const& adapter)
     CWnd* const parent = control != nullptr ? control->GetParent() : nullptr;
     if (parent != &grid && grid.GetSafeHwnd() != nullptr && dynamic_cast<CGrid*>(parent) != nullptr)
     {
-        control->SetParent(&grid);
+        CallbackErrors::Keep([&]() { control->SetParent(&grid); });
     }
 }
 } // namespace
@@ -44,12 +47,12 @@ CEmbeddedControlAdapter* GridControls::Attach(CWnd* control, CGridItem* item, lo
     CRect const cell = m_core.View().ControlRect(*item, fieldId);
     if (cell.IsRectEmpty())
     {
-        adapter.MoveAway();
+        CallbackErrors::Keep([&]() { adapter.MoveAway(); });
     }
     else
     {
         m_placed.push_back({item, fieldId});
-        adapter.MoveControl(cell);
+        CallbackErrors::Keep([&]() { adapter.MoveControl(cell); });
     }
     if (Find({item, fieldId}) == nullptr)
     {
@@ -114,7 +117,7 @@ void GridControls::Show(CGridItem& item, bool show)
         RowControls::Entry& entry = RowControls::Of(item)->At(i);
         if (std::exchange(entry.isShown, show) != show)
         {
-            show ? entry.adapter->ShowControl() : entry.adapter->HideControl();
+            CallbackErrors::Keep([&]() { show ? entry.adapter->ShowControl() : entry.adapter->HideControl(); });
         }
     }
 }
@@ -173,7 +176,7 @@ void GridControls::OnLeaving(CGridItem& top)
         {
             CEmbeddedControlAdapter& adapter = *RowControls::Of(*item)->At(i).adapter;
             adapter.ForgetCell();
-            adapter.MoveAway();
+            CallbackErrors::Keep([&]() { adapter.MoveAway(); });
         }
         m_rows.erase(item);
     }
@@ -189,7 +192,7 @@ void GridControls::PlaceRow(CGridItem& item)
         {
             entry.placementPass = m_pass;
             m_placed.push_back({&item, entry.fieldId});
-            entry.adapter->MoveControl(cell);
+            CallbackErrors::Keep([&]() { entry.adapter->MoveControl(cell); });
         }
     }
 }
@@ -218,7 +221,7 @@ void GridControls::Place()
         RowControls::Entry const* const entry = Find(cell);
         if (entry != nullptr && entry->placementPass != m_pass)
         {
-            entry->adapter->MoveAway();
+            CallbackErrors::Keep([&]() { entry->adapter->MoveAway(); });
         }
     }
 }
