@@ -69,8 +69,12 @@ ReferenceRow& Transfer(ReferenceRow const& row, ReferenceRows& to)
     return copy;
 }
 
-ModelSide::ModelSide(Driver& driver, std::string const& title) : window(driver, {.title = title, .size = {300, 180}})
+ModelSide::ModelSide(Driver& driver, std::string const& title, CPoint position)
+    : window(driver,
+             {.title = title, .columns = "Name:80,Quantity:80,Volume:80", .size = {300, 180}, .position = position})
 {
+    Grid().SetOrderFreeze(true);
+
     CRect const rows = Grid().GetContextVisibleRect(ScrollableContext);
     m_layout = {rows.Height(), Grid().GetOptimalRowHeight(FixedContext), Grid().GetOptimalRowHeight(ScrollableContext),
                 Grid().GetContextSeparatorHeight()};
@@ -94,7 +98,7 @@ void ModelSide::ExpectEvents(ReferenceRows& area)
         switch (event.kind)
         {
         case RowEventKind::ExpandedChanged:
-            Expect("ItemExpanded " + name + (Find(area, event.item)->isExpanded ? " expanded" : " collapsed"));
+            Expect("ItemExpanded " + name + (Testing::Find(area, event.item)->isExpanded ? " expanded" : " collapsed"));
             break;
         case RowEventKind::Shown:
             Expect("ItemShown " + name);
@@ -106,13 +110,29 @@ void ModelSide::ExpectEvents(ReferenceRows& area)
     }
 }
 
-int ModelSide::Scrolled(int row) const
+ReferenceRow* ModelSide::Find(CGridItem const* item) const
+{
+    ReferenceRow* const row = Testing::Find(scrollable, item);
+    return row != nullptr ? row : Testing::Find(fixed, item);
+}
+
+int ModelSide::FittingRows() const
 {
     int const fixedRows = static_cast<int>(fixed.VisibleRows().size());
-    int const rows = static_cast<int>(scrollable.VisibleRows().size());
     int const taken = fixedRows * m_layout.fixedRow + (fixedRows > 0 ? m_layout.separator : 0);
-    int const page = std::max(1, (m_layout.height - taken) / m_layout.scrollableRow);
-    return std::clamp(row, 0, std::max(0, rows - page));
+    return std::max(1, (m_layout.height - taken) / m_layout.scrollableRow);
+}
+
+int ModelSide::Scrolled(int row) const
+{
+    int const rows = static_cast<int>(scrollable.VisibleRows().size());
+    return std::clamp(row, 0, std::max(0, rows - FittingRows()));
+}
+
+void ModelSide::EnsureVisible(int row)
+{
+    int const page = FittingRows();
+    SetFirstRow(row < firstRow ? row : row >= firstRow + page ? row - page + 1 : firstRow);
 }
 
 void ModelSide::FollowFirstRow(ReferenceRows const& area, Before const& before)
@@ -125,7 +145,7 @@ void ModelSide::FollowFirstRow(ReferenceRows const& area, Before const& before)
     int wanted = firstRow;
     if (before.first != nullptr)
     {
-        ReferenceRow* const first = Find(area, before.first);
+        ReferenceRow* const first = Testing::Find(area, before.first);
         auto const changed = std::ranges::mismatch(before.rows, after).in1 - before.rows.begin();
         CGridItem const* const shown = first != nullptr ? VisibleInsteadOf(area, first) : nullptr;
         wanted = shown != nullptr ? RowIn(after, shown) : std::min(firstRow, static_cast<int>(changed));
@@ -143,7 +163,7 @@ void ModelSide::FollowFocus(ReferenceRows const& area, Before const& before)
     }
     if (isCalm)
     {
-        Focus(VisibleInsteadOf(area, Find(area, focused)));
+        Focus(VisibleInsteadOf(area, Testing::Find(area, focused)));
         return;
     }
     bool const hasHidden = std::ranges::any_of(before.rows, [&](CGridItem* item) { return RowIn(after, item) < 0; });
@@ -155,12 +175,12 @@ void ModelSide::FollowFocus(ReferenceRows const& area, Before const& before)
 
 bool ModelSide::IsFocusIn(ReferenceRows const& area) const
 {
-    return focused != nullptr && Find(area, focused) != nullptr;
+    return focused != nullptr && Testing::Find(area, focused) != nullptr;
 }
 
 bool ModelSide::IsFocusBelow(ReferenceRows const& area, ReferenceRow const& top) const
 {
-    return focused != nullptr && ReferenceRows::IsInSubtree(top, Find(area, focused));
+    return focused != nullptr && ReferenceRows::IsInSubtree(top, Testing::Find(area, focused));
 }
 
 void ModelSide::HandFocusOn(ReferenceRows const& area, ReferenceRow const& leaving)
@@ -264,6 +284,7 @@ void ModelSide::DeleteAll(ContextType mask)
         }
     }
     firstRow = Scrolled(firstRow);
+    Sort(); // rows that waited in a frozen order go to their places
 }
 
 void ModelSide::Detach(ReferenceRows& area, ReferenceRow& row)
@@ -293,7 +314,7 @@ void ModelSide::Move(ReferenceRows& from, ReferenceRow& row, ReferenceRows& to, 
     Insert(to, *moved, parent, position);
     if (isCarried)
     {
-        Focus(VisibleInsteadOf(to, Find(to, focused)));
+        Focus(VisibleInsteadOf(to, Testing::Find(to, focused)));
     }
     Expect("ItemAttached " + NameOf(item));
 }
@@ -328,12 +349,13 @@ void ModelSide::Filter(int hiddenRemainder)
     FollowFocus(scrollable, before[1]);
 }
 
-void ModelSide::Sort(std::vector<GUI::Detail::SortLevel> const& levels)
+void ModelSide::Sort(std::vector<GUI::Detail::SortLevel> const& newLevels)
 {
-    for (ReferenceRows* const area : {&fixed, &scrollable})
+    levels = newLevels;
+    for (ContextType const type : {FixedContext, ScrollableContext})
     {
-        area->levels = levels;
-        area->Sort();
+        Area(type).levels = HasContext(sortedAreas, type) ? levels : std::vector<GUI::Detail::SortLevel>();
+        Area(type).Sort();
     }
 }
 
@@ -348,15 +370,42 @@ void ModelSide::Update(ReferenceRows& area, ReferenceRow& row)
     {
         isCalm ? FollowFocus(area, before) : Focus(nullptr);
     }
-    before = Look(area);
-    std::vector<ReferenceRow*> const siblings = row.parent->children;
-    if (!area.levels.empty())
+    if (area.levels.empty() || !isFrozen)
     {
-        area.Reposition(row);
+        Reposition(area, row);
     }
+    else if (std::ranges::find(postponed, row.item) == postponed.end())
+    {
+        postponed.push_back(row.item);
+    }
+    Expect("ItemUpdated " + NameOf(row.item));
+}
+
+void ModelSide::Thaw()
+{
+    isFrozen = false;
+    for (CGridItem* const item : std::exchange(postponed, {}))
+    {
+        if (ReferenceRow* const row = Find(item))
+        {
+            Reposition(Testing::Find(fixed, item) != nullptr ? fixed : scrollable, *row);
+        }
+    }
+}
+
+void ModelSide::Reposition(ReferenceRows& area, ReferenceRow& row)
+{
+    if (area.levels.empty())
+    {
+        return;
+    }
+    Before const before = Look(area);
+    std::vector<ReferenceRow*> const siblings = row.parent->children;
+    area.Reposition(row);
     if (row.parent->children != siblings)
     {
-        bool const holdsFirst = before.first != nullptr && ReferenceRows::IsInSubtree(row, Find(area, before.first));
+        bool const holdsFirst =
+            before.first != nullptr && ReferenceRows::IsInSubtree(row, Testing::Find(area, before.first));
         if (before.first != nullptr && !holdsFirst)
         {
             FollowFirstRow(area, before);
@@ -367,7 +416,6 @@ void ModelSide::Update(ReferenceRows& area, ReferenceRow& row)
         }
         Expect("ItemMoved " + NameOf(row.item));
     }
-    Expect("ItemUpdated " + NameOf(row.item));
 }
 
 void ModelSide::Select(ReferenceRow& row, bool select)

@@ -18,7 +18,7 @@ public:
     using ReferenceRows = GUI::Detail::ReferenceRows;
     using Items = std::vector<GUI::CGridItem*>;
 
-    ModelSide(Driver& driver, std::string const& title);
+    ModelSide(Driver& driver, std::string const& title, CPoint position);
 
     [[nodiscard]] GUI::CGrid& Grid() { return window.Grid(); }
     [[nodiscard]] ReferenceRows& Area(GUI::ContextType type) { return type == GUI::FixedContext ? fixed : scrollable; }
@@ -36,19 +36,33 @@ public:
     void ExpandOrCollapse(ReferenceRows& area, ReferenceRow& row, bool expand, bool recursive);
     void Filter(int hiddenRemainder);
     void Sort(std::vector<GUI::Detail::SortLevel> const& levels);
+    /// By the levels that there are.
+    void Sort() { Sort(levels); }
     void Update(ReferenceRows& area, ReferenceRow& row);
+    void Freeze() { isFrozen = true; }
+    void Thaw();
     void SelectAll();
     void ClearSelection();
     void Select(ReferenceRow& row, bool select);
     void Focus(GUI::CGridItem* item);
     void SetFirstRow(int row) { firstRow = Scrolled(row); }
+    /// Scrolls just enough.
+    void EnsureVisible(int row);
+    /// Scrollable rows that fit, at least one.
+    [[nodiscard]] int FittingRows() const;
+    [[nodiscard]] ReferenceRow* Find(GUI::CGridItem const* item) const;
 
     GridWindow window;
     ReferenceRows fixed;
     ReferenceRows scrollable;
     GUI::CGridItem* focused = nullptr;
     int firstRow = 0;
+    GUI::IGridFilter* filter = nullptr;
     bool isCalm = false;
+    bool isFrozen = false;
+    std::vector<GUI::CGridItem*> postponed; ///< by a frozen order; may hold rows that have gone
+    std::vector<GUI::Detail::SortLevel> levels;
+    GUI::ContextType sortedAreas = GUI::AllContexts;
     std::vector<std::string> expected;
 
 private:
@@ -68,6 +82,7 @@ private:
     [[nodiscard]] Before Look(ReferenceRows const& area) const;
     void ExpectEvents(ReferenceRows& area);
     void ExpectDeletions(ReferenceRows const& area, ReferenceRow const& top);
+    void Reposition(ReferenceRows& area, ReferenceRow& row);
     void FollowFirstRow(ReferenceRows const& area, Before const& before);
     void FollowFocus(ReferenceRows const& area, Before const& before);
     /// Before a row with its subtree goes, in the calm view.
