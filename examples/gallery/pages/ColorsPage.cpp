@@ -10,24 +10,27 @@ using Ostrel::Platform::ColorScheme;
 namespace
 {
 
-CAppearance Striped()
+void MakeStriped(CGrid& grid)
 {
-    CAppearance look;
-    look.SetBackOddColor(RGB(255, 255, 255));
-    look.SetBackEvenColor(RGB(244, 247, 251));
-    return look;
+    CAppearance light;
+    light.SetBackEvenColor(RGB(244, 247, 251));
+    grid.SetAppearance(light, ColorScheme::Light);
+    CAppearance dark = CAppearance::Dark();
+    dark.SetBackEvenColor(RGB(40, 44, 51));
+    grid.SetAppearance(dark, ColorScheme::Dark);
 }
 
-CAppearance Parchment()
+/// Colours from one ink on two grounds.
+CAppearance InInk(COLORREF text, COLORREF odd, COLORREF even, COLORREF ink)
 {
     CAppearance look;
-    look.SetTextOddColor(RGB(70, 50, 30));
-    look.SetTextEvenColor(RGB(70, 50, 30));
-    look.SetBackOddColor(RGB(253, 248, 236));
-    look.SetBackEvenColor(RGB(247, 238, 216));
-    look.SetSelectedLineColor({RGB(170, 110, 40), 80});
-    look.SetFocusedLineColor({RGB(170, 110, 40), 40});
-    look.SetSortedColumnColor({RGB(170, 110, 40), 24});
+    look.SetTextOddColor(text);
+    look.SetTextEvenColor(text);
+    look.SetBackOddColor(odd);
+    look.SetBackEvenColor(even);
+    look.SetSelectedLineColor({ink, 80});
+    look.SetFocusedLineColor({ink, 40});
+    look.SetSortedColumnColor({ink, 24});
     return look;
 }
 
@@ -36,11 +39,14 @@ class CColorsPage : public CPage
     void Build() override
     {
         AddMetalGrid("As constructed", 10);
-        AddMetalGrid("Two row colours", 10).SetAppearance(Striped(), ColorScheme::Light);
+        MakeStriped(AddMetalGrid("Two row colours", 10));
         CGrid& overlays = AddMetalGrid("Sorted column, selected rows, focused row", 10);
         ShowOverlays(overlays);
         CGrid& own = AddMetalGrid("The same in colours of its own", 10);
-        own.SetAppearance(Parchment(), ColorScheme::Light);
+        own.SetAppearance(InInk(RGB(70, 50, 30), RGB(253, 248, 236), RGB(247, 238, 216), RGB(170, 110, 40)),
+                          ColorScheme::Light);
+        own.SetAppearance(InInk(RGB(240, 226, 200), RGB(44, 36, 27), RGB(52, 43, 32), RGB(224, 160, 80)),
+                          ColorScheme::Dark);
         ShowOverlays(own);
     }
 

@@ -114,9 +114,14 @@ class CCustomDrawPage : public CPage
         curves.GetHeader()->GetColumnByFid(CMetal::kSymbol)->SetWidth(Scaled(85));
         curves.GetHeader()->GetColumnByFid(CMetal::kName)->SetWidth(Scaled(95));
         AddMetalGrid("Rows that are drawn as a whole", 10, std::make_unique<CBandDraw>());
-        CGrid& filtered = AddMetalGrid("Without texts: one bit of the paint filter", 10);
-        filtered.SetPaintFilter(filtered.GetPaintFilter() & ~static_cast<unsigned int>(PaintText));
-        filtered.GetAppearance().EnableHorizontalLines(true);
+        CGrid& filtered = AddMetalGrid("Frames without tints: the paint filter", 10);
+        filtered.SetPaintFilter(filtered.GetPaintFilter() &
+                                ~static_cast<unsigned int>(PaintSelection | PaintSortedColumn));
+        filtered.SetSort(0, CSortInfo(CMetal::kPrice, true), true);
+        for (int const row : {2, 3, 4})
+        {
+            filtered.Select(row, ScrollableContext, true);
+        }
     }
 };
 

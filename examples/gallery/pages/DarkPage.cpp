@@ -1,6 +1,7 @@
 // The dark look: one call for the whole program, taken back when the page is left.
 #include "../Pages.h"
 #include "../Pictures.h"
+#include "../SlimBar.h"
 
 namespace Gallery
 {
@@ -48,9 +49,7 @@ private:
         tree.Expand(root, true);
 
         CGrid& bars = AddGrid("Progress bars", CMetal::Fields(), {{CMetal::kName, 110}, {CMetal::kStock, 200}});
-        bars.GetHeader()
-            ->GetColumnByFid(CMetal::kStock)
-            ->SetCellPaintFormat(new CProgressCellPaintFormat(RGB(64, 140, 230), 0, 100));
+        bars.GetHeader()->GetColumnByFid(CMetal::kStock)->SetCellPaintFormat(new CSlimBar(RGB(64, 140, 230), 0, 100));
         for (std::size_t i = 0; i < kRowCount; ++i)
         {
             bars.Add(AllMetals()[i].get(), ScrollableRoot, LastPosition);

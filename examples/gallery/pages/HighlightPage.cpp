@@ -9,6 +9,7 @@ namespace Gallery
 
 using namespace Ostrel::Common;
 using namespace Ostrel::GUI;
+using Ostrel::Platform::ColorScheme;
 
 namespace
 {
@@ -86,11 +87,14 @@ class CHighlightPage : public CPage
     void Build() override
     {
         SetGridsPerRow(1);
-        AddModes("A value changes every 0.4 seconds and is highlighted for 2 seconds", RGB(0, 90, 220));
-        AddModes("The same on dark rows", RGB(120, 180, 255)).GetAppearance() = CAppearance::Dark();
+        AddModes("A value changes every 0.4 seconds and is highlighted for 2 seconds", RGB(0, 90, 220),
+                 RGB(255, 176, 32))
+            .SetAppearance(CAppearance(), ColorScheme::Dark);
+        AddModes("The same on dark rows", RGB(140, 195, 255), RGB(150, 92, 0))
+            .SetAppearance(CAppearance::Dark(), ColorScheme::Light);
     }
 
-    CGrid& AddModes(std::string caption, COLORREF text)
+    CGrid& AddModes(std::string caption, COLORREF text, COLORREF back)
     {
         std::vector<ColumnPlan> columns = {{CModeRow::kMode, 190}};
         for (long number = 0; number < kValueCount; ++number)
@@ -98,8 +102,7 @@ class CHighlightPage : public CPage
             columns.push_back({CModeRow::kFirstValue + number, 105, CColumn::AlignRight});
         }
         CGrid& grid = AddGrid(std::move(caption), CModeRow::Fields(), columns, std::make_unique<CModeDraw>());
-        constexpr COLORREF kBack = RGB(255, 176, 32);
-        grid.SetHighlightSettings({kPeriodMs, text, kBack, 170, 150, 40, CHighlightSettings::BackFading});
+        grid.SetHighlightSettings({kPeriodMs, text, back, 170, 150, 40, CHighlightSettings::BackFading});
         grid.AllowHighlight(true);
         for (CModeRow& row : m_rows)
         {

@@ -42,7 +42,11 @@ class CImagesPage : public CPage
         MakeIcons(m_largeIcons, Scaled(64));
         AddImageGrid("An image for each row, at its own size", 0).SetImageList(&m_icons, false);
         AddImageGrid("Large images stretched to the row", 0).SetImageList(&m_largeIcons, true);
-        AddImageGrid("The same in higher rows", Scaled(16)).SetImageList(&m_largeIcons, true);
+        CGrid& high = AddImageGrid("The same in higher rows", Scaled(16));
+        high.SetImageList(&m_largeIcons, true);
+        high.GetHeader()->GetColumnByFid(CMetal::kName)->SetWidth(Scaled(130));
+        high.GetHeader()->GetColumnByFid(CMetal::kSymbol)->SetWidth(Scaled(55));
+        high.GetHeader()->GetColumnByFid(CMetal::kSymbol)->SetName("Sign");
         CGrid& titles = AddMetalGrid("Images in titles, and one for a whole column", 10);
         titles.SetImageList(&m_icons, false);
         CHeader& header = *titles.GetHeader();

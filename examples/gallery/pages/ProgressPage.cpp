@@ -1,5 +1,6 @@
 // Integers as bars.
 #include "../Pages.h"
+#include "../SlimBar.h"
 
 namespace Gallery
 {
@@ -23,7 +24,7 @@ class CProgressPage : public CPage
                   {RGB(60, 170, 100), 20, 60});
     }
 
-    void AddStocks(CGrid& grid, CProgressCellPaintFormat const& bar)
+    void AddStocks(CGrid& grid, CSlimBar const& bar)
     {
         grid.GetHeader()->GetColumnByFid(CMetal::kStock)->SetCellPaintFormat(bar.Clone()); // owns it now
         for (auto const& metal : AllMetals())

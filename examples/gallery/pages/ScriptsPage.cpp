@@ -52,9 +52,9 @@ class CScriptsPage : public CPage
 {
     void Build() override
     {
-        AddPhrases("Left", CColumn::AlignLeft, 190);
-        AddPhrases("Right", CColumn::AlignRight, 190);
-        AddPhrases("Centred", CColumn::AlignCenter, 190);
+        AddPhrases("Left", CColumn::AlignLeft, 193);
+        AddPhrases("Right", CColumn::AlignRight, 193);
+        AddPhrases("Centred", CColumn::AlignCenter, 193);
         AddPhrases("Too narrow", CColumn::AlignLeft, 92);
     }
 

@@ -23,7 +23,7 @@ class CSelectionPage : public CPage
         both.SetFocusedRow(5, ScrollableContext);
 
         CPosedDraw::Pose band;
-        band.rubberBand = CRect(Scaled(60), Scaled(70), Scaled(250), Scaled(150));
+        band.rubberBand = CRect(Scaled(60), Scaled(80), Scaled(250), Scaled(150));
         SelectRows(AddMetalGrid("Selecting with the mouse", 10, std::make_unique<CPosedDraw>(band)), {2, 3, 4, 5});
         CPosedDraw::Pose drop;
         drop.drop = CDropPosition(ScrollableContext, 4, true, 2);

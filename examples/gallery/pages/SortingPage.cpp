@@ -21,6 +21,7 @@ class CSortingPage : public CPage
                                  {CMetal::kPrice, 75, CColumn::AlignRight},
                                  {CMetal::kChange, 65, CColumn::AlignRight},
                                  {CMetal::kStock, 75, CColumn::AlignRight}});
+        levels.GetHeader()->GetColumnByFid(CMetal::kChange)->SetName("+ %");
         SortByAll(levels);
         CGrid& centered = AddGrid("Narrow and centred titles", CMetal::Fields(),
                                   {{CMetal::kName, 60, CColumn::AlignCenter},

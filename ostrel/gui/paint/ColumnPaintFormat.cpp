@@ -4,8 +4,8 @@
 #include <ostrel/gui/paint/ColumnPaintInfo.h>
 #include <ostrel/gui/paint/PaintContext.h>
 #include <ostrel/gui/paint/PaintFilter.h>
-#include <ostrel/gui/paint/detail/PaintSnapshot.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
+#include <ostrel/gui/paint/detail/SortMark.h>
 #include <ostrel/platform/drawing/ImageList.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
@@ -14,66 +14,10 @@ namespace Ostrel::GUI
 namespace
 {
 
-/// The sort level of a column and its direction.
-struct SortMark
-{
-    int level = -1; ///< -1 when the column is not sorted by
-    bool reverse = false;
-};
-
-SortMark SortMarkOf(CColumn const* column, CPaintContext const& context)
-{
-    if (column == nullptr || context.GetHeader() == nullptr)
-    {
-        return {};
-    }
-    Detail::SnapshotOf const snapshot(context);
-    Detail::PaintColumn const* const found = snapshot->Find(column);
-    return found != nullptr ? SortMark{found->sortLevel, found->reverseSort} : SortMark{};
-}
-
 bool HasImages(CPaintContext const& context, unsigned int filter)
 {
     return (filter & PaintColumnImage) != 0 && context.GetHeader() != nullptr &&
            context.GetHeader()->GetImageList() != nullptr;
-}
-
-/// A filled triangle 8 units wide and 4 high in the middle of the area; `unit` pixels to the unit.
-void DrawTriangle(CDC& dc, CRect const& area, int centerY, bool pointsUp, int unit, COLORREF color)
-{
-    int const center = area.left + area.Width() / 2;
-    int const top = centerY - 2 * unit;
-    int const rows = 4 * unit;
-    for (int row = 0; row < rows; ++row)
-    {
-        int const half = pointsUp ? row + 1 : rows - row;
-        dc.FillSolidRect(CRect(center - half, top + row, center + half, top + row + 1), color);
-    }
-}
-
-constexpr int kRankBars = 4;
-constexpr int kRankBarWidth = 3;
-constexpr int kRankBarGap = 2;
-constexpr int kRankBarMargin = 2; ///< right of the last bar
-
-/// Four small bars that end right above the triangle, the first `rank` of them filled.
-void DrawRankBars(CDC& dc, int right, int bottom, int rank, int unit, COLORREF color)
-{
-    int const width = kRankBarWidth * unit;
-    int const step = width + kRankBarGap * unit;
-    int const left = right - (kRankBars - 1) * step - width;
-    for (int bar = 0; bar < kRankBars; ++bar)
-    {
-        CRect const rect(left + bar * step, bottom - 4 * unit, left + bar * step + width, bottom);
-        if (bar < rank)
-        {
-            dc.FillSolidRect(rect, color);
-        }
-        else
-        {
-            Detail::DrawFrame(dc, rect, color);
-        }
-    }
 }
 
 UINT TitleFlags(CColumn::Alignment alignment) noexcept
@@ -147,23 +91,8 @@ void CColumnPaintFormat::DrawBackground(CColumnPaintInfo& info, CPaintContext co
 
 void CColumnPaintFormat::DrawSort(CColumnPaintInfo& info, CPaintContext const& context, unsigned int /*filter*/) const
 {
-    SortMark const mark = SortMarkOf(info.GetColumn(), context);
-    if (mark.level < 0)
-    {
-        return;
-    }
-    int const unit = Platform::Scaled(1);
-    CRect area = info.GetVirtualRect();
-    area.left = area.right - GetRequiredSortInfoWidth();
-    CDC& dc = context.GetDC();
-    Detail::ClipScope const clip(dc, info.GetVirtualRect()); // a title can be narrower than its marks
-    COLORREF const color = GetSysColor(COLOR_BTNSHADOW);
-    int const centerY = area.top + area.Height() / 2 + (mark.level > 0 ? 4 * unit : 0);
-    DrawTriangle(dc, area, centerY, !mark.reverse, unit, color);
-    if (mark.level > 0)
-    {
-        DrawRankBars(dc, area.right - kRankBarMargin * unit, centerY - 3 * unit, mark.level, unit, color);
-    }
+    Detail::DrawSortMark(context.GetDC(), info.GetVirtualRect(), GetRequiredSortInfoWidth(),
+                         Detail::SortMarkOf(info.GetColumn(), context), GetSysColor(COLOR_BTNSHADOW));
 }
 
 void CColumnPaintFormat::DrawText(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const
@@ -173,7 +102,7 @@ void CColumnPaintFormat::DrawText(CColumnPaintInfo& info, CPaintContext const& c
         return;
     }
     CRect rect = info.GetVirtualRect();
-    if (SortMarkOf(info.GetColumn(), context).level >= 0)
+    if (Detail::SortMarkOf(info.GetColumn(), context).level >= 0)
     {
         // The bars of a further level reach over the end of a long title.
         rect.right -= GetRequiredSortInfoWidth();

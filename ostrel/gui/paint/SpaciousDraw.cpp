@@ -2,6 +2,7 @@
 #include <ostrel/gui/paint/ColumnPaintInfo.h>
 #include <ostrel/gui/paint/GridCell.h>
 #include <ostrel/gui/paint/SpaciousDraw.h>
+#include <ostrel/gui/paint/detail/SpaciousSizes.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI
@@ -10,34 +11,16 @@ namespace
 {
 
 // At scale 1.
-constexpr int kTextOffset = 7;
 constexpr int kRowRoom = 3;
 constexpr int kHeaderRoom = 4;
 
 void MoveTextFromEdges(CGridCell& cell)
 {
-    cell.GetPaintInfo().SetLeftTextOffset(Platform::Scaled(kTextOffset));
-    cell.GetPaintInfo().SetRightTextOffset(Platform::Scaled(kTextOffset));
+    cell.GetPaintInfo().SetLeftTextOffset(Platform::Scaled(Detail::kSpaciousTextOffset));
+    cell.GetPaintInfo().SetRightTextOffset(Platform::Scaled(Detail::kSpaciousTextOffset));
 }
 
 } // namespace
-
-IColumnPaintFormat* CSpaciousColumnPaintFormat::Clone() const
-{
-    return new CSpaciousColumnPaintFormat(*this);
-}
-
-void CSpaciousColumnPaintFormat::DrawText(CColumnPaintInfo& info, CPaintContext const& context,
-                                          unsigned int filter) const
-{
-    constexpr int kLeftOfBase = 2;
-    constexpr int kRightOfBase = 4;
-    CColumnPaintInfo inner = info;
-    CRect rect = info.GetVirtualRect();
-    rect.DeflateRect(Platform::Scaled(kTextOffset - kLeftOfBase), 0, Platform::Scaled(kTextOffset - kRightOfBase), 0);
-    inner.SetVirtualRect(rect);
-    CColumnPaintFormat::DrawText(inner, context, filter);
-}
 
 void CSpaciousDraw::DrawColumn(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter)
 {
@@ -49,7 +32,16 @@ void CSpaciousDraw::DrawColumn(CColumnPaintInfo& info, CPaintContext const& cont
 void CSpaciousDraw::DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter)
 {
     MoveTextFromEdges(cell);
-    CCustomDraw::DrawCell(cell, context, filter);
+    CSpaciousDraw::GetCellPaintFormat(cell.GetColumn(), nullptr, nullptr, NoContext, -1)
+        .DrawCell(cell, context, filter);
+}
+
+ICellPaintFormat const& CSpaciousDraw::GetCellPaintFormat(CColumn const* column, Common::CDataObject const* /*object*/,
+                                                          CGridItem* /*item*/, ContextType /*context*/,
+                                                          int /*row*/) const
+{
+    ICellPaintFormat const* const own = column != nullptr ? column->GetCellPaintFormat() : nullptr;
+    return own != nullptr ? *own : m_cell;
 }
 
 int CSpaciousDraw::GetOptimalHeaderHeight(CHeaderPaintInfo& info, CPaintContext const& context,

@@ -6,24 +6,16 @@
 ///     header->SetHeaderHeight(grid.GetOptimalHeaderHeight());
 #pragma once
 
-#include <ostrel/gui/paint/ColumnPaintFormat.h>
 #include <ostrel/gui/paint/CustomDraw.h>
+#include <ostrel/gui/paint/SpaciousCellPaintFormat.h>
+#include <ostrel/gui/paint/SpaciousColumnPaintFormat.h>
 
 namespace Ostrel::GUI
 {
 
-/// A title whose text stands as far from its edges as the texts of the cells that CSpaciousDraw draws.
-class OSTREL_GUI_API CSpaciousColumnPaintFormat : public CColumnPaintFormat
-{
-public:
-    // IColumnPaintFormat
-    IColumnPaintFormat* Clone() const override;
-    /// The column's name, further from the edges.
-    void DrawText(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) const override;
-};
-
 /// Rows 3 pixels and the header 4 pixels higher than by default, texts 7 pixels away from the edges of their columns;
-/// at scale 1. Everything else, formats of columns included, is drawn as by CCustomDraw.
+/// at scale 1. Titles and cells whose columns have no formats of their own are drawn by the spacious formats,
+/// everything else as by CCustomDraw.
 class OSTREL_GUI_API CSpaciousDraw : public CCustomDraw
 {
 public:
@@ -33,6 +25,8 @@ public:
     // ICustomDraw
     void DrawColumn(CColumnPaintInfo& info, CPaintContext const& context, unsigned int filter) override;
     void DrawCell(CGridCell& cell, CPaintContext const& context, unsigned int filter) override;
+    ICellPaintFormat const& GetCellPaintFormat(CColumn const* column, Common::CDataObject const* object,
+                                               CGridItem* item, ContextType context, int row) const override;
     int GetOptimalHeaderHeight(CHeaderPaintInfo& info, CPaintContext const& context,
                                unsigned int filter) const override;
     int GetOptimalRowHeight(CFont* font, CDC& dc) const override;
@@ -40,6 +34,7 @@ public:
 
 private:
     CSpaciousColumnPaintFormat m_title;
+    CSpaciousCellPaintFormat m_cell;
 };
 
 } // namespace Ostrel::GUI
