@@ -103,7 +103,7 @@ void PaintedCell::DrawDecorations(CDC& dc, CRect const& area) const
     {
         return;
     }
-    Detail::PaintSnapshot const snapshot(grid);
+    Detail::PaintSnapshot const snapshot(grid, *grid.GetHeader());
     if (snapshot.Find(m_cell.GetColumn()) == nullptr)
     {
         return; // the column has gone since

@@ -339,6 +339,8 @@ void CCellPaintFormat::OnDrawDropPosition(CGridCell& cell, CPaintContext const& 
 {
     if ((filter & PaintDropPosition) != 0 && context.GetDropPosition().GetDropContext() != NoContext)
     {
+        // Half of the bar lies in the row above it and half in the row below; each row draws its own half.
+        Detail::ClipScope const clip(context.GetDC(), cell.GetPaintInfo().GetClipRect());
         CPaintHelper::DrawDropPosition(cell, DropColorOf(context), context);
     }
 }

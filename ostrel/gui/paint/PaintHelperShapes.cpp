@@ -20,13 +20,19 @@ namespace
 /// Pixels of stretched images that stay transparent.
 constexpr COLORREF kKeyColor = 0xEAEEED;
 
+/// The visible part of a cell or line; all of it where an application has not said.
+CRect const& VisibleOf(CPaintInfo const& info) noexcept
+{
+    return info.GetVisibleRect().IsRectEmpty() ? info.GetVirtualRect() : info.GetVisibleRect();
+}
+
 /// Where the frame of a line runs in a cell, and which of its sides are in it.
 struct CellFrame
 {
     explicit CellFrame(CGridCell const& cell) : rect(cell.GetPaintInfo().GetVirtualRect())
     {
-        CRect const& line = cell.GetGridLine().GetPaintInfo().GetVisibleRect();
-        CRect const& visible = cell.GetPaintInfo().GetVisibleRect();
+        CRect const& line = VisibleOf(cell.GetGridLine().GetPaintInfo());
+        CRect const& visible = VisibleOf(cell.GetPaintInfo());
         rect.left = visible.left;
         rect.right = visible.right;
         isFirst = visible.left == line.left;
@@ -45,7 +51,7 @@ class CellClip
 public:
     CellClip(CDC& dc, CGridCell const& cell, int right)
     {
-        CRect const& visible = cell.GetPaintInfo().GetVisibleRect();
+        CRect const& visible = VisibleOf(cell.GetPaintInfo());
         if (right > visible.right || std::min(visible.Width(), visible.Height()) < Detail::LineWidth())
         {
             m_scope.emplace(dc, visible);
@@ -263,7 +269,6 @@ void CPaintHelper::DrawDropPosition(CGridCell const& cell, unsigned long color, 
     {
         return;
     }
-    // Half of the bar lies in the row above it and half in the row below; each row draws its own half.
     CRect const rect = CellFrame(cell).rect;
     int const half = Detail::LineWidth();
     int top = rect.top;
@@ -271,8 +276,7 @@ void CPaintHelper::DrawDropPosition(CGridCell const& cell, unsigned long color, 
     {
         top = isDropRow ? rect.bottom - half : rect.top - half;
     }
-    CRect const bar(rect.left, std::max<int>(top, rect.top), rect.right, std::min<int>(top + 2 * half, rect.bottom));
-    context.GetDC().FillSolidRect(bar, static_cast<COLORREF>(color));
+    context.GetDC().FillSolidRect(CRect(rect.left, top, rect.right, top + 2 * half), static_cast<COLORREF>(color));
 }
 
 void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long color, CPaintContext const& context)
@@ -308,7 +312,7 @@ void CPaintHelper::DrawDropParentPosition(CGridCell const& cell, unsigned long c
 void CPaintHelper::DrawVerticalLines(CGridCell const& cell, unsigned long color, CPaintContext const& context)
 {
     CRect const& rect = cell.GetPaintInfo().GetVirtualRect();
-    CellClip const clip(context.GetDC(), cell, cell.GetPaintInfo().GetVisibleRect().right);
+    CellClip const clip(context.GetDC(), cell, VisibleOf(cell.GetPaintInfo()).right);
     Detail::DrawDottedVertical(context.GetDC(), rect.right - Detail::LineWidth(), Detail::NextDot(rect.top),
                                rect.bottom, static_cast<COLORREF>(color));
 }

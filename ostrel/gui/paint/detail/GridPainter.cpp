@@ -63,7 +63,7 @@ public:
         : m_grid(grid),
           m_state(state),
           m_header(*grid.GetHeader()),
-          m_snapshot(grid),
+          m_snapshot(grid, m_header),
           m_customDraw(grid.GetCustomDraw() != nullptr ? *grid.GetCustomDraw() : *CPreferences::GetDefaultCustomDraw()),
           m_filter(grid.GetPaintFilter()),
           m_font(grid.GetFont() != nullptr ? grid.GetFont() : CPreferences::GetFont())

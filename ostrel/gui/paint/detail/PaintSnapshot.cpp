@@ -34,8 +34,8 @@ CellEditors CellEditors::Of(CGrid const& grid)
     return {own, hasHints ? hints : nullptr};
 }
 
-PaintSnapshot::PaintSnapshot(CGrid const& grid)
-    : layout(grid.GetHeader()->GetLayout()),
+PaintSnapshot::PaintSnapshot(CGrid const& grid, CHeader const& header)
+    : layout(header.GetLayout()),
       hierarchicalColumn(grid.GetHierarchicalColumn()),
       appearance(grid.GetAppearance()),
       highlightAllowed(grid.CanHighlight()),

@@ -18,6 +18,7 @@
 namespace Ostrel::GUI
 {
 class CGridItem;
+class CHeader;
 class HeaderLayout;
 class IEditInPlace;
 } // namespace Ostrel::GUI
@@ -51,8 +52,9 @@ struct CellEditors
 
 struct PaintSnapshot
 {
-    /// Reads the grid's header, which must exist. Grid thread only.
-    explicit PaintSnapshot(CGrid const& grid);
+    /// Reads the header, which is that of the grid unless an application's own context says otherwise. Grid thread
+    /// only.
+    PaintSnapshot(CGrid const& grid, CHeader const& header);
     PaintSnapshot(PaintSnapshot const&) = delete;
     PaintSnapshot& operator=(PaintSnapshot const&) = delete;
     ~PaintSnapshot();
@@ -91,7 +93,7 @@ public:
     {
         if (m_shared == nullptr)
         {
-            m_own.emplace(context.GetGrid());
+            m_own.emplace(context.GetGrid(), *context.GetHeader());
         }
     }
 
