@@ -77,6 +77,10 @@ void GridModelTest::CheckArea(ModelSide& side, ContextType type, bool whole)
     for (std::size_t row = 0; row < rows.size(); ++row)
     {
         ASSERT_EQ(side.Grid().GetItem(static_cast<int>(row), type), rows[row]);
+    }
+    // The way back costs as much again: for all rows now and then, and for every fourth one always.
+    for (std::size_t row = whole ? 0 : random() % 4; row < rows.size(); row += whole ? 1 : 4)
+    {
         ASSERT_EQ(side.Grid().GetRow(rows[row]), static_cast<int>(row));
     }
     ASSERT_EQ(side.Grid().GetSelection(type), area.SelectedRows(true));

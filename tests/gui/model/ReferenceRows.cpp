@@ -222,6 +222,7 @@ void ReferenceRows::Reposition(ReferenceRow& row)
 std::vector<CGridItem*> ReferenceRows::VisibleRows() const
 {
     std::vector<CGridItem*> items;
+    items.reserve(m_rows.size());
     PreOrder(root,
              [&](ReferenceRow& row)
              {
@@ -250,6 +251,7 @@ std::vector<CGridItem*> ReferenceRows::SelectedRows(bool onlyVisible) const
 std::vector<ReferenceRow*> ReferenceRows::AllRows() const
 {
     std::vector<ReferenceRow*> rows;
+    rows.reserve(m_rows.size());
     PreOrder(root, [&](ReferenceRow& row) { rows.push_back(&row); });
     return rows;
 }
