@@ -37,24 +37,32 @@ std::vector<CRect> AreasToPaint(HWND window)
     return {rects.begin(), rects.end()};
 }
 
-HWND FirstChild(CGrid const& grid)
+/// Where windows lie in the grid, those that are out of sight left out.
+std::vector<CRect> ShownChildren(CGrid const& grid)
 {
-    return ::GetWindow(grid.GetSafeHwnd(), GW_CHILD);
-}
-
-// Windows in the grid paint themselves.
-void ExcludeChildren(CDC& dc, CGrid const& grid)
-{
-    for (HWND child = FirstChild(grid); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
+    struct Search
     {
-        if (::IsWindowVisible(child) != FALSE)
+        CGrid const& grid;
+        CRect client;
+        std::vector<CRect> places;
+    };
+    Search search{.grid = grid, .client = {}, .places = {}};
+    grid.GetClientRect(&search.client);
+    auto const look = [](HWND child, LPARAM context) -> BOOL
+    {
+        Search& found = *reinterpret_cast<Search*>(context);
+        CRect place;
+        ::GetWindowRect(child, &place);
+        found.grid.ScreenToClient(&place);
+        if (::GetParent(child) == found.grid.GetSafeHwnd() && ::IsWindowVisible(child) != FALSE &&
+            !(place & found.client).IsRectEmpty())
         {
-            CRect place;
-            ::GetWindowRect(child, &place);
-            grid.ScreenToClient(&place);
-            dc.ExcludeClipRect(&place);
+            found.places.push_back(place);
         }
-    }
+        return TRUE;
+    };
+    ::EnumChildWindows(grid.GetSafeHwnd(), look, reinterpret_cast<LPARAM>(&search));
+    return search.places;
 }
 } // namespace
 
@@ -160,7 +168,7 @@ bool GridLooks::CanScrollPixels(int distance) const
     bool const hasDots = appearance.IsVerticalLinesEnabled() && (paintFilter & PaintVerticalLines) != 0;
     bool const keepsDots = !hasDots || NextDot(distance) == distance;
     return keepsDots && m_buffers.Background() == nullptr && m_core.Mouse().RubberBand().IsRectEmpty() &&
-           FirstChild(m_core.Grid()) == nullptr;
+           ShownChildren(m_core.Grid()).empty();
 }
 
 void GridLooks::Paint()
@@ -182,7 +190,10 @@ void GridLooks::Paint()
     state.backgroundImage = m_buffers.Background();
     state.backgroundImageRect = m_buffers.BackgroundRect();
     m_core.Mouse().DescribePaintState(state);
-    ExcludeChildren(dc, grid);
+    for (CRect const& child : ShownChildren(grid)) // it paints itself
+    {
+        dc.ExcludeClipRect(&child);
+    }
     PaintGrid(grid, state, dc, areas);
 }
 } // namespace Ostrel::GUI::Detail
