@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <climits>
 
 #include <ostrel/platform/window/SystemParameters.h>
 
@@ -198,6 +199,21 @@ TEST_F(ScrollingTest, ScrollingPaintsWhatAFullRepaintPaints)
     {
         ASSERT_TRUE(std::equal(repainted.Row(y), repainted.Row(y) + repainted.Width(), scrolled.Row(y)))
             << "line " << y;
+    }
+}
+
+// Bands of any height are painted, above what does not fit any more.
+TEST_F(ScrollingTest, BandsOfAnyHeight)
+{
+    grid.AddFixed({.name = "fixed"});
+    for (int const height : {INT_MAX, INT_MIN, -1, 0})
+    {
+        Grid().SetContextSeparatorHeight(height);
+        driver.RunUntilIdle();
+        grid.Header().SetHeaderHeight(height);
+        driver.RunUntilIdle();
+        EXPECT_EQ(grid.Header().GetHeaderHeight(), height);
+        EXPECT_EQ(Grid().GetContextVisibleRect(ScrollableContext).IsRectEmpty(), height == INT_MAX);
     }
 }
 } // namespace

@@ -1,6 +1,7 @@
 // The grid's header: holding it, hearing its events on the grid's thread, and what is measured by its columns.
 #pragma once
 
+#include <algorithm>
 #include <memory>
 
 #include <ostrel/gui/grid/ContextType.h>
@@ -32,8 +33,8 @@ public:
 
     void Show(bool show);
     [[nodiscard]] bool IsShown() const noexcept { return m_isShown; }
-    /// 0 while there is no header to be seen.
-    [[nodiscard]] int ShownHeight() const noexcept { return m_isShown ? m_height : 0; }
+    /// 0 while there is no header to be seen. Never so large that sums of it with others are no numbers any more.
+    [[nodiscard]] int ShownHeight() const noexcept { return m_isShown ? std::clamp(m_height, -kTallest, kTallest) : 0; }
     [[nodiscard]] int FixedWidth() const;
     [[nodiscard]] int TotalWidth() const;
 
@@ -58,6 +59,8 @@ private:
     void Handle(CColumn* column, CHeader::NotificationType type);
     void LayOutAnew();
     [[nodiscard]] int MeasureCell(CDC& dc, CGridItem* item, int row, ContextType type, CColumn const& column) const;
+
+    static constexpr int kTallest = 32767;
 
     GridCore& m_core;
     CHeader* m_header = nullptr;

@@ -50,6 +50,13 @@ void Copy(CDC& target, CDC& source, CRect const& rect)
     target.BitBlt(rect.left, rect.top, rect.Width(), rect.Height(), &source, rect.left, rect.top, SRCCOPY);
 }
 
+/// A height that the application may have set to anything, so that sums of it with others stay numbers.
+int Drawable(int height) noexcept
+{
+    constexpr int kTallest = 32767;
+    return std::clamp(height, -kTallest, kTallest);
+}
+
 bool IsSelected(CGridItem const* item) noexcept
 {
     return item != nullptr && item->IsSelected();
@@ -108,7 +115,8 @@ private:
         {
             return;
         }
-        CRect const band(m_state.clientRect.left, y, m_state.clientRect.right, y + m_header.GetHeaderHeight());
+        CRect const band(m_state.clientRect.left, y, m_state.clientRect.right,
+                         y + Drawable(m_header.GetHeaderHeight()));
         y = band.bottom;
         CRect const clip = band & context.GetClipRect();
         if (clip.IsRectEmpty())
@@ -131,7 +139,7 @@ private:
 
     void PaintSeparator(CPaintContext const& context, int& y)
     {
-        int const height = m_grid.GetContextSeparatorHeight();
+        int const height = Drawable(m_grid.GetContextSeparatorHeight());
         if (!m_grid.CanDrawContextSeparator() || height <= 0 || m_grid.GetRowCount(FixedContext) == 0)
         {
             return;
