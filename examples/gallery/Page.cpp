@@ -20,8 +20,8 @@ constexpr int kCaptionHeight = 24;
 
 std::vector<ColumnPlan> MetalColumns()
 {
-    return {{CMetal::kName, 115},
-            {CMetal::kSymbol, 70},
+    return {{CMetal::kName, 109},
+            {CMetal::kSymbol, 76},
             {CMetal::kPrice, 80, CColumn::AlignRight},
             {CMetal::kChange, 95, CColumn::AlignRight}};
 }
@@ -57,7 +57,7 @@ CGrid& CPage::AddGrid(std::string caption, CFieldMap const& fields, std::vector<
     grid.SetHeader(header);
     grid.SetCustomDraw(draw != nullptr ? draw.release() : new CSpaciousDraw(true)); // and so does this
     header->SetHeaderHeight(grid.GetOptimalHeaderHeight());
-    grid.SetPaintFilter(PaintAll & ~static_cast<unsigned int>(PaintHierarchy)); // no room for a tree
+    grid.SetPaintFilter(PaintAll & ~PaintHierarchy); // no room for a tree
     return grid;
 }
 

@@ -41,6 +41,8 @@ int main()
     header->Add(new CColumn(1, "Count", 100, CColumn::AlignRight));
     grid.SetHeader(header);
     grid.SetCustomDraw(new CSpaciousDraw(true)); // and this one too
+    header->SetHeaderHeight(grid.GetOptimalHeaderHeight());
+    grid.SetPaintFilter(PaintAll & ~PaintHierarchy); // a list, not a tree
     grid.AllowHighlight(true);
 
     CCounter counter;

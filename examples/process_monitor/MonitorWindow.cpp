@@ -62,6 +62,7 @@ bool CMonitorWindow::Open(std::string& whatIsWrong)
     SetClientWindow(&m_grid);
     AddColumns();
     ApplyMonitorLook(m_grid);
+    IndentFor(m_shape);
     m_grid.SetCalmView(true);
     if (!ApplySort(whatIsWrong))
     {
@@ -123,7 +124,13 @@ BOOL CMonitorWindow::PreTranslateMessage(MSG* message)
 void CMonitorWindow::SwitchShape()
 {
     m_shape = m_shape == Shape::Tree ? Shape::List : Shape::Tree;
+    IndentFor(m_shape);
     m_table.SetShape(m_shape);
+}
+
+void CMonitorWindow::IndentFor(Shape shape)
+{
+    m_grid.SetPaintFilter(shape == Shape::Tree ? PaintAll : PaintAll & ~PaintHierarchy);
 }
 
 LRESULT CMonitorWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)

@@ -27,6 +27,7 @@ private:
     void AddColumns();
     bool ApplySort(std::string& whatIsWrong);
     void SwitchShape();
+    void IndentFor(Shape shape);
     void StartToEnd();
     void OnWorkerStopped();
     void ShowCount(int processes);
