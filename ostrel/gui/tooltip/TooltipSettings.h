@@ -2,9 +2,12 @@
 /// How the tip over a cell looks, when it comes and where. A plain value.
 #pragma once
 
+#include <optional>
+
 #include <ostrel/platform/base/Export.h>
 #include <ostrel/platform/base/Geometry.h>
 #include <ostrel/platform/base/Types.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 class CArchive;
 
@@ -30,25 +33,26 @@ public:
         ModeDelayed = 1,   ///< after it has rested for the delay
     };
 
-    /// The system's colours of tips, 500 and 10000 milliseconds, a margin of a pixel, above, delayed.
-    CTooltipSettings();
+    /// The system's colours of tips, which follow the colour scheme until they are set; 500 and 10000 milliseconds, a
+    /// margin of a pixel, above, delayed.
+    CTooltipSettings() = default;
 
     ///@{
     /// The background, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor; }
-    void SetBackColor(unsigned long color) noexcept { m_backColor = static_cast<COLORREF>(color); }
+    [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor.Get(COLOR_INFOBK); }
+    void SetBackColor(unsigned long color) noexcept { m_backColor.Set(color); }
     ///@}
 
     ///@{
     /// The text, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor; }
-    void SetTextColor(unsigned long color) noexcept { m_textColor = static_cast<COLORREF>(color); }
+    [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor.Get(COLOR_INFOTEXT); }
+    void SetTextColor(unsigned long color) noexcept { m_textColor.Set(color); }
     ///@}
 
     ///@{
     /// The frame, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor; }
-    void SetBorderColor(unsigned long color) noexcept { m_borderColor = static_cast<COLORREF>(color); }
+    [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor.Get(COLOR_ACTIVEBORDER); }
+    void SetBorderColor(unsigned long color) noexcept { m_borderColor.Set(color); }
     ///@}
 
     ///@{
@@ -87,12 +91,13 @@ public:
     void SetMode(Mode mode) noexcept { m_mode = mode; }
     ///@}
 
-    /// Equality of all settings.
+    /// Equality of all settings; a colour that follows the scheme differs from the same colour that was set.
     friend bool operator==(CTooltipSettings const&, CTooltipSettings const&) noexcept = default;
 
     /// Stores or loads 48 bytes: the 32-bit version, then the fields in the order above, a byte for a switch and 32
     /// bits for anything else. Loading throws CArchiveException (badSchema) for a newer version; a version below 1
-    /// reads nothing further. Nothing changes in either case.
+    /// reads nothing further. Nothing changes in either case. A loaded colour that is the system's at that moment goes
+    /// on following the scheme.
     void Serialize(CArchive& archive);
     /// The version that is written.
     [[nodiscard]] static int GetSerializeVertion() noexcept { return 1; }
@@ -101,9 +106,19 @@ private:
     void Store(CArchive& archive) const;
     void Load(CArchive& archive);
 
-    COLORREF m_backColor;
-    COLORREF m_textColor;
-    COLORREF m_borderColor;
+    /// A colour of the application's, or none: a system colour then.
+    struct Color
+    {
+        [[nodiscard]] COLORREF Get(int systemColor) const noexcept { return value.value_or(GetSysColor(systemColor)); }
+        void Set(unsigned long color) noexcept { value = static_cast<COLORREF>(color); }
+        friend bool operator==(Color const&, Color const&) noexcept = default;
+
+        std::optional<COLORREF> value;
+    };
+
+    Color m_backColor;
+    Color m_textColor;
+    Color m_borderColor;
     INT m_delayMs = 500;
     INT m_disappearDelayMs = 10000;
     CSize m_toolTipOffset{0, 0};

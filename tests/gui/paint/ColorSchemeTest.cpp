@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/tooltip/TooltipSettings.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 
 #include "../header/ArchiveBytes.h"
@@ -89,4 +90,16 @@ TEST_F(ColorSchemeTest, ArchivesHoldTheLightAppearance)
     EXPECT_EQ(restored.grid.GetAppearance(), CAppearance::Dark());
     CPreferences::SetColorScheme(ColorScheme::Light);
     EXPECT_EQ(restored.grid.GetAppearance(), Reddish());
+}
+
+TEST_F(ColorSchemeTest, TipsFollowUntilTheirColoursAreSet)
+{
+    CTooltipSettings tip;
+    tip.SetBorderColor(RGB(1, 2, 3));
+    ASSERT_EQ(Testing::Load(tip, Testing::Store(tip)), Testing::kLoaded);
+    CPreferences::SetColorScheme(ColorScheme::Dark);
+    EXPECT_EQ(tip.GetBackColor(), GetSysColor(COLOR_INFOBK));
+    EXPECT_EQ(tip.GetTextColor(), GetSysColor(COLOR_INFOTEXT));
+    EXPECT_EQ(tip.GetBorderColor(), RGB(1, 2, 3));
+    EXPECT_LT(GetRValue(static_cast<COLORREF>(tip.GetBackColor())), 100);
 }
