@@ -8,6 +8,7 @@
 #pragma once
 
 #include <exception>
+#include <type_traits>
 #include <utility>
 
 #include <ostrel/platform/base/Export.h>
@@ -43,6 +44,24 @@ public:
                 throw;
             }
             return false;
+        }
+    }
+
+    /// The same for a callback that answers something: an empty answer when what it threw was kept.
+    template <class Callback>
+    static std::invoke_result_t<Callback> Ask(Callback&& callback)
+    {
+        try
+        {
+            return std::forward<Callback>(callback)();
+        }
+        catch (...)
+        {
+            if (!KeepCurrent())
+            {
+                throw;
+            }
+            return {};
         }
     }
 

@@ -110,8 +110,6 @@ void GridCells::Reformat(CGridItem& item, long fieldId) const
 
 Common::CValue GridCells::GetSortValue(CGridItem& item, long fieldId)
 {
-    Common::CValue value;
-    CallbackErrors::Keep([&]() { value = Value(item, fieldId); });
-    return value;
+    return CallbackErrors::Ask([&]() { return Value(item, fieldId); });
 }
 } // namespace Ostrel::GUI::Detail

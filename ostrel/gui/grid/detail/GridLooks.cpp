@@ -113,9 +113,7 @@ int GridLooks::OptimalRowHeight(ContextType type) const
     }
     CDC dc;
     dc.CreateCompatibleDC(nullptr);
-    int height = 0;
-    CallbackErrors::Keep([&]() { height = CustomDrawInUse().GetOptimalRowHeight(FontInUse(), dc); });
-    return height;
+    return CallbackErrors::Ask([&]() { return CustomDrawInUse().GetOptimalRowHeight(FontInUse(), dc); });
 }
 
 void GridLooks::SetRowHeight(ContextType type, int height)

@@ -155,11 +155,7 @@ void GridSorting::UpdateFilter()
 
 bool GridSorting::IsHidden(CGridItem& item)
 {
-    bool hides = false;
-    if (m_filter != nullptr)
-    {
-        CallbackErrors::Keep([&]() { hides = m_filter->IsFiltered(&m_core.Grid(), &item, item.Object()); });
-    }
-    return hides;
+    return m_filter != nullptr &&
+           CallbackErrors::Ask([&]() { return m_filter->IsFiltered(&m_core.Grid(), &item, item.Object()); });
 }
 } // namespace Ostrel::GUI::Detail
