@@ -42,6 +42,8 @@ CEmbeddedControlAdapter* GridControls::Attach(CWnd* control, CGridItem* item, lo
     {
         return nullptr;
     }
+    // The controls are painted when their cells are, not with every change somewhere in the grid.
+    m_core.Grid().ModifyStyle(0, WS_CLIPCHILDREN);
     RowControls::Need(*item).Put(std::move(entry));
     m_rows.insert(item);
     CRect const cell = m_core.View().ControlRect(*item, fieldId);

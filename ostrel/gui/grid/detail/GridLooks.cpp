@@ -188,9 +188,12 @@ void GridLooks::Paint()
     state.backgroundImage = m_buffers.Background();
     state.backgroundImageRect = m_buffers.BackgroundRect();
     m_core.Mouse().DescribePaintState(state);
-    for (CRect const& child : ShownChildren(grid)) // it paints itself
+    if ((grid.GetStyle() & WS_CLIPCHILDREN) == 0)
     {
-        dc.ExcludeClipRect(&child);
+        for (CRect const& child : ShownChildren(grid)) // it paints itself
+        {
+            dc.ExcludeClipRect(&child);
+        }
     }
     PaintGrid(grid, state, dc, areas);
 }
