@@ -497,23 +497,19 @@ public:
     ///@}
     /// The same for either colour scheme.
     void SetAppearance(CAppearance const& appearance, Platform::ColorScheme scheme);
-
     ///@{
     /// The picture behind the rows. Set it to show a change.
     CBackgroundImage& GetBackgroundImage();
     CBackgroundImage const& GetBackgroundImage() const;
     void SetBackgroundImage(CBackgroundImage const& image);
     ///@}
-
     ///@{
     /// Which elements are painted, a combination of PaintText and its siblings; PaintAll unless set.
     void SetPaintFilter(unsigned int filter);
     unsigned int GetPaintFilter() const;
     ///@}
-
     ///@{
-    /// Whether a paint pass draws into a picture of its own first; false unless set. Windows here do not flicker either
-    /// way.
+    /// Whether a paint pass draws into a picture of its own first; false unless set.
     void SetFlickerFreeDrawing(bool flickerFree);
     bool GetFlickerFreeDrawing() const;
     ///@}
@@ -527,13 +523,11 @@ public:
     void AllowStretchImageInCell(bool stretch);
     bool CanStretchImageInCell() const;
     ///@}
-
     ///@{
     /// Whether cells that changed are highlighted; false unless set.
     void AllowHighlight(bool allow);
     bool CanHighlight() const;
     ///@}
-
     ///@{
     /// How and for how long changed cells are highlighted. Whoever changes it through the reference, on the grid's
     /// thread, also has it repainted; setting repaints.
