@@ -64,6 +64,7 @@ struct DriverOptions
 /// One driver a test, on the thread of the windows; the windows die before it. Every action returns when the program is
 /// idle again: all messages handled, everything painted. Time stands still unless Advance turns it, so that nothing
 /// depends on the speed of the machine; a test that wants the real time asks for Time::Running.
+/// A window whose WM_PAINT always leaves something to paint would never be idle: a DriverError says so.
 ///
 /// When a handler opens a modal loop (a dialog, a drag), an action returns only after that loop. What is to be done
 /// inside is told before:

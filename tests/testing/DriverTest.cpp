@@ -5,6 +5,7 @@
 
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/platform/base/Clock.h>
+#include <ostrel/platform/window/FrameWnd.h>
 
 #include "Probe.h"
 
@@ -14,6 +15,35 @@ namespace
 {
 
 using Platform::Clock;
+
+class NeverPainted : public CFrameWnd
+{
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        return message == WM_PAINT ? 0 : CFrameWnd::WindowProc(message, wParam, lParam);
+    }
+};
+
+TEST(DriverTest, AWindowThatIsNeverPaintedIsToldInsteadOfPaintedForEver)
+{
+    Driver driver;
+    NeverPainted window;
+    window.SetAutoDelete(false);
+    window.Create(nullptr, "bare", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 200, 100));
+    std::string told;
+    try
+    {
+        driver.MovePointer({5, 5});
+    }
+    catch (DriverError const& error)
+    {
+        told = error.what();
+    }
+    EXPECT_NE(told.find("\"bare\""), std::string::npos) << told;
+    window.DestroyWindow();
+    driver.MovePointer({6, 6});
+}
 
 TEST(DriverTest, ActionsArriveAsInput)
 {
