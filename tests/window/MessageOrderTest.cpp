@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "WindowTest.h"
 
 namespace Ostrel::Platform
@@ -43,6 +45,75 @@ TEST_F(MessageOrderTest, QuitWaitsForPostedMessagesOnly)
     EXPECT_EQ(message.message, kPosted);
     EXPECT_FALSE(GetMessage(&message));
     EXPECT_EQ(message.wParam, 7U);
+}
+
+// What a thread posts to itself takes a shorter way than what others post.
+TEST_F(MessageOrderTest, NothingOvertakesWhatAnotherThreadPostedBefore)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    std::vector<WPARAM> served;
+    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
+    {
+        if (message == kPosted)
+        {
+            served.push_back(wParam);
+        }
+        return false;
+    };
+    HWND const target = window;
+    for (WPARAM number = 0; number < 6; ++number)
+    {
+        auto const post = [=] { ::PostMessage(target, kPosted, number, 0); };
+        number % 2 == 0 ? post() : std::thread(post).join();
+    }
+    ProcessPending();
+    EXPECT_EQ(served, (std::vector<WPARAM>{0, 1, 2, 3, 4, 5}));
+}
+
+TEST_F(MessageOrderTest, MessagesThatPostTheirSuccessorsStayInOrder)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    WPARAM expected = 0;
+    WPARAM next = 0;
+    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
+    {
+        if (message == kPosted)
+        {
+            EXPECT_EQ(wParam, expected++);
+            if (next < 1000)
+            {
+                window.PostMessage(kPosted, next++);
+            }
+        }
+        return false;
+    };
+    while (next < 7)
+    {
+        window.PostMessage(kPosted, next++);
+    }
+    ProcessPending();
+    EXPECT_EQ(expected, 1000U);
+}
+
+TEST_F(MessageOrderTest, WhatTheIdleHookPostsIsServedBeforeSleeping)
+{
+    HookedWnd window;
+    window.MakeTopLevel({0, 0, 200, 100});
+    ProcessPending();
+    SetIdleHook(
+        [&]
+        {
+            window.PostMessage(kPosted);
+            return false;
+        });
+    MSG message;
+    EXPECT_TRUE(GetMessage(&message));
+    EXPECT_EQ(message.message, kPosted);
+    SetIdleHook({});
 }
 
 TEST_F(MessageOrderTest, FilterLeavesOtherMessagesInTheirOrder)

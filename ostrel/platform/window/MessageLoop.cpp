@@ -25,7 +25,7 @@ public:
         {
             return true;
         }
-        m_nowUs = Clock::Microseconds();
+        m_nowUs = m_state.takenUs = Clock::Microseconds();
         if (m_turn.IsOthers(m_nowUs))
         {
             if (NextOther(message, filter, take))
@@ -180,9 +180,26 @@ void WaitForMore()
     {
         return;
     }
+    if (!state.posted.IsEmpty())
+    {
+        return; // to itself, by what was called above
+    }
     int const timeoutMs = UntilNextTimer(state);
     state.queue.Sleep(display != nullptr ? display->EventFd() : -1,
                       Clock::IsManual() && timeoutMs > 0 ? -1 : timeoutMs);
+}
+
+void PostTo(MessageQueue& receiver, PostedMessage const& message)
+{
+    ThreadState* const state = ThreadState::TryGet();
+    if (state != nullptr && &state->queue == &receiver)
+    {
+        state->posted.Post(receiver, message);
+    }
+    else
+    {
+        receiver.Post(message);
+    }
 }
 
 void Dispatch(MSG& message)
@@ -222,7 +239,8 @@ BOOL WaitMessage()
 
 BOOL TranslateMessage(MSG const* message)
 {
-    return message != nullptr && ThreadState::Get().input.Translate(*message);
+    bool const isKey = message != nullptr && message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    return isKey && ThreadState::Get().input.Translate(*message);
 }
 
 LRESULT DispatchMessage(MSG const* message)
@@ -266,13 +284,13 @@ BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (window == nullptr)
     {
-        ThreadState::Get().queue.Post({nullptr, message, wParam, lParam});
+        PostTo(ThreadState::Get().queue, {nullptr, message, wParam, lParam});
         return TRUE;
     }
     MessageQueue* const receiver = QueueOf(window);
     if (receiver != nullptr)
     {
-        receiver->Post({window, message, wParam, lParam});
+        PostTo(*receiver, {window, message, wParam, lParam});
     }
     return receiver != nullptr;
 }
@@ -290,7 +308,7 @@ BOOL PostThreadMessage(DWORD threadId, UINT message, WPARAM wParam, LPARAM lPara
     MessageQueue* const receiver = MessageQueue::OfThread(threadId);
     if (receiver != nullptr)
     {
-        receiver->Post({nullptr, message, wParam, lParam});
+        PostTo(*receiver, {nullptr, message, wParam, lParam});
     }
     return receiver != nullptr;
 }
@@ -346,14 +364,14 @@ bool ProcessPending()
     return true;
 }
 
-bool LookAtPosted(std::size_t distance, MSG& message)
+std::span<PostedMessage const> PostedBehind(std::size_t distance)
 {
-    PostedMessage const* const posted = ThreadState::Get().posted.Ahead(distance);
-    if (posted != nullptr)
-    {
-        message = {posted->window, posted->message, posted->wParam, posted->lParam, 0, {}};
-    }
-    return posted != nullptr;
+    return ThreadState::Get().posted.Behind(distance);
+}
+
+std::int64_t TakenMilliseconds()
+{
+    return ThreadState::Get().takenUs / 1000;
 }
 
 void TurnClock(int milliseconds)

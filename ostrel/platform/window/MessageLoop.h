@@ -8,8 +8,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 
 #include <ostrel/platform/base/Export.h>
 #include <ostrel/platform/window/Messages.h>
@@ -37,6 +39,15 @@ namespace Ostrel::Platform
 class Display;
 class NativeWindow;
 
+/// What PostMessage was called with.
+struct PostedMessage
+{
+    HWND window;   ///< null: for the thread
+    UINT message;  ///< WM_*
+    WPARAM wParam; ///< what the message carries
+    LPARAM lParam; ///< what the message carries
+};
+
 /// Takes, translates and dispatches until WM_QUIT; returns its code. Messages pass PreTranslateMessage of the windows
 /// from the target up to its top-level window first.
 OSTREL_PLATFORM_API int RunMessageLoop();
@@ -46,9 +57,13 @@ OSTREL_PLATFORM_API bool RunModalLoop(std::function<bool()> const& isDone);
 /// Handles what is there - sent, posted, input, due timers, paint - until nothing is, without waiting. False: WM_QUIT
 /// was among it (it stays).
 OSTREL_PLATFORM_API bool ProcessPending();
-/// The posted message that is so many places behind the next one; false if that many are not known yet. Nothing is
-/// taken. For whoever can fetch ahead what messages will need; the caller must not rely on seeing every message.
-OSTREL_PLATFORM_API bool LookAtPosted(std::size_t distance, MSG& message);
+/// The posted messages behind the next so many, as far as they are known. Nothing is taken. For whoever can fetch ahead
+/// what messages will need; the caller must not rely on seeing every message. Good until the next call of a function
+/// that posts or takes messages.
+[[nodiscard]] OSTREL_PLATFORM_API std::span<PostedMessage const> PostedBehind(std::size_t distance);
+/// The clock as it was when the calling thread last looked for a message. While a posted message is handled, and until
+/// its handler has called anything that may take long, that is now, without another reading of the clock.
+[[nodiscard]] OSTREL_PLATFORM_API std::int64_t TakenMilliseconds();
 /// Turns a clock that stands still by so many milliseconds, stopping at every timer of the calling thread on the way:
 /// timers fire in due order, and after each stop everything pending is handled.
 OSTREL_PLATFORM_API void TurnClock(int milliseconds);

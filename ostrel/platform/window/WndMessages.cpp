@@ -14,19 +14,20 @@ namespace
 
 constexpr char const* kPlainClass = "Ostrel.Window";
 
-/// The message in progress of this thread, restored when the inner one ends.
-thread_local MSG t_current;
+constexpr MSG kNoMessage{};
+/// The message in progress of this thread, on the stack of its procedure; the outer one again when the inner one ends.
+thread_local constinit MSG const* t_current = &kNoMessage;
 
 class CurrentMessage
 {
 public:
-    explicit CurrentMessage(MSG const& message) noexcept : m_before(t_current) { t_current = message; }
+    explicit CurrentMessage(MSG const& message) noexcept : m_before(t_current) { t_current = &message; }
     CurrentMessage(CurrentMessage const&) = delete;
     CurrentMessage& operator=(CurrentMessage const&) = delete;
     ~CurrentMessage() { t_current = m_before; }
 
 private:
-    MSG m_before;
+    MSG const* m_before;
 };
 
 /// The procedure of every window with an object.
@@ -37,7 +38,8 @@ LRESULT ObjectProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     {
         return ::DefWindowProc(handle, message, wParam, lParam);
     }
-    CurrentMessage const current({handle, message, wParam, lParam, 0, {0, 0}});
+    MSG const described{handle, message, wParam, lParam, 0, {0, 0}};
+    CurrentMessage const current(described);
     return CWndAccess::WindowProc(*window->object, message, wParam, lParam);
 }
 
@@ -262,7 +264,7 @@ void CWnd::PostNcDestroy() {}
 
 MSG const* CWnd::GetCurrentMessage()
 {
-    return &t_current;
+    return t_current;
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
@@ -272,7 +274,7 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 LRESULT CWnd::Default()
 {
-    MSG const current = t_current;
+    MSG const& current = *t_current;
     return DefWindowProc(current.message, current.wParam, current.lParam);
 }
 
@@ -332,7 +334,7 @@ BOOL CWnd::PreTranslateMessage(MSG* /*message*/)
 BOOL CWnd::WalkPreTranslateTree(HWND stop, MSG* message)
 {
     HWND at = message->hwnd;
-    while (Window const* const window = FindWindowRecord(at))
+    while (Window const* const window = at != nullptr ? FindWindowRecord(at) : nullptr)
     {
         HWND const above = window->parent != nullptr ? window->parent->handle : nullptr;
         if (window->object != nullptr && window->object->PreTranslateMessage(message) != FALSE)

@@ -144,5 +144,44 @@ TEST_F(UpdatesTest, OneNotificationReachesEveryRowOfTheObjectOnce)
     EXPECT_EQ(other.Notifications().Text(), "ItemUpdated row3; ItemUpdated row3; ItemUpdated row3; ItemUpdated row3");
     other.Grid().DeleteAll(AllContexts);
 }
+// Updates are prepared in groups before the first of them is applied: what it changes must count for the others.
+TEST_F(UpdatesTest, RowsThatComeAndGoBetweenUpdatesThatWait)
+{
+    TestObject& again = grid.Object("row10");
+    CGridItem* const gone = Item("row20");
+    for (int i = 0; i < 40; ++i)
+    {
+        grid.Object("row" + std::to_string(i)).NotifyUpdate(kPrice);
+    }
+    grid.Notifications().onNotification = [&](std::string const& line)
+    {
+        if (line == "ItemUpdated row0")
+        {
+            Grid().Add(&again, ScrollableRoot, LastPosition);
+            Grid().Delete(gone);
+        }
+    };
+    driver.RunUntilIdle();
+    std::string expected = "ItemUpdated row0; ItemShown row10; ItemAdded row10; ItemDeleting row20";
+    for (int i = 1; i < 40; ++i)
+    {
+        expected += i == 20 ? "" : "; ItemUpdated row" + std::to_string(i);
+        expected += i == 10 ? "; ItemUpdated row10" : "";
+    }
+    EXPECT_EQ(Told(), expected);
+}
+
+// Small identifiers of fields travel another way than large ones.
+TEST_F(UpdatesTest, EveryFieldIdentifierArrives)
+{
+    for (long const fieldId : {-40000L, -32768L, -3L, 0L, 32767L, 32768L, 0x7FFFFFFFL})
+    {
+        grid.Object("row3").NotifyUpdate(fieldId);
+        driver.RunUntilIdle();
+        EXPECT_EQ(Told(), "ItemUpdated row3");
+        EXPECT_EQ(Grid().GetTimeElapsedSinceLastUpdate(Item("row3"), fieldId), 0) << fieldId;
+    }
+    EXPECT_EQ(Grid().GetTimeElapsedSinceLastUpdate(Item("row3"), -1), -1) << "none of them is the whole row";
+}
 } // namespace
 } // namespace Ostrel::Testing

@@ -13,6 +13,7 @@
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
 #include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/ThreadId.h>
+#include <ostrel/platform/window/MessageLoop.h>
 
 namespace Ostrel::GUI::Detail
 {
@@ -24,7 +25,7 @@ constexpr char const* kWindowClass = "Ostrel.Grid.Dispatcher";
 
 enum Code : WPARAM
 {
-    ApplyUpdate = 0,  ///< lParam: UpdateRecord*, owned by the message
+    ApplyUpdate = 0,  ///< lParam: UpdateCargo
     RemoveObject = 1, ///< lParam: CDataObject const*, sent
 };
 
@@ -117,15 +118,16 @@ void ForEachRow(Common::CDataObject const* object, Function&& function)
     }
 }
 
-void Apply(CGridItem& item, UpdateRecord const& record)
+void Apply(CGridItem& item, UpdateRecord const& record, std::int32_t nowMs)
 {
     if (Dispatcher::HasOneThread() || GridArea::Of(item) != nullptr)
     {
-        GridUpdates::Apply(item, record);
+        GridUpdates::Apply(item, record, nowMs);
         return;
     }
     // A row in no grid may be taken over by the grid of another thread meanwhile.
-    ObjectRegistry::Instance().WhileServedHere(record.object, &item, [&]() { GridUpdates::Apply(item, record); });
+    ObjectRegistry::Instance().WhileServedHere(record.object, &item,
+                                               [&]() { GridUpdates::Apply(item, record, nowMs); });
 }
 } // namespace
 
@@ -177,19 +179,31 @@ private:
     {
         if (code == ApplyUpdate && argument != 0)
         {
-            std::unique_ptr<UpdateRecord, void (*)(UpdateRecord*)> const record(
-                reinterpret_cast<UpdateRecord*>(argument), &UpdateRecord::GiveBack);
-            if (HasOneThread())
-            {
-                m_lookAhead.Step(DispatcherMessage()); // which reads rows, and so only where all are this thread's
-            }
-            Deliver(*record);
+            OnUpdateMessage(UpdateCargo(argument));
         }
         else if (code == RemoveObject)
         {
             RemoveRows(reinterpret_cast<Common::CDataObject const*>(argument));
         }
         return 0;
+    }
+
+    void OnUpdateMessage(UpdateCargo cargo)
+    {
+        // Which reads rows, and so only where all are this thread's.
+        CGridItem* const onlyRow = HasOneThread() ? m_lookAhead.Step(DispatcherMessage(), cargo.Object()) : nullptr;
+        if (cargo.IsPacked())
+        {
+            UpdateRecord record;
+            record.object = cargo.Object();
+            record.fieldId = cargo.FieldId();
+            Deliver(record, onlyRow);
+        }
+        else
+        {
+            std::unique_ptr<UpdateRecord> const record(cargo.Record());
+            Deliver(*record, onlyRow);
+        }
     }
 
     Place& m_place;
@@ -242,11 +256,16 @@ void Dispatcher::OnUpdate(std::set<long> const& fieldIds, Common::CDataObject co
     }
 }
 
-void Dispatcher::Post(HWND window, UpdateRecord* record)
+bool Dispatcher::Post(HWND window, LPARAM cargo)
 {
-    if (::PostMessage(window, DispatcherMessage(), ApplyUpdate, reinterpret_cast<LPARAM>(record)) == FALSE)
+    return ::PostMessage(window, DispatcherMessage(), ApplyUpdate, cargo) != FALSE;
+}
+
+void Dispatcher::Post(HWND window, std::unique_ptr<UpdateRecord> record)
+{
+    if (Post(window, reinterpret_cast<LPARAM>(record.get())))
     {
-        UpdateRecord::GiveBack(record);
+        static_cast<void>(record.release());
     }
 }
 
@@ -257,17 +276,24 @@ void Dispatcher::OnUpdate(long fieldId, Common::CDataObject const* object)
     {
         return;
     }
+    bool const takesSnapshot =
+        fieldId != kNoField && CPreferences::GetThreadingMode() == CPreferences::SnapshotOnNotify;
+    if (only != nullptr && !takesSnapshot && UpdateCargo::FitsPacked(object, fieldId))
+    {
+        static_cast<void>(Post(only, UpdateCargo::Pack(object, fieldId)));
+        return;
+    }
     CallbackErrors errors; // of the object's getters
-    std::unique_ptr<UpdateRecord, void (*)(UpdateRecord*)> record(UpdateRecord::Take(), &UpdateRecord::GiveBack);
+    auto record = std::make_unique<UpdateRecord>();
     record->object = object;
     record->fieldId = fieldId;
-    if (fieldId != kNoField && CPreferences::GetThreadingMode() == CPreferences::SnapshotOnNotify)
+    if (takesSnapshot)
     {
         record->snapshot = TakeSnapshot(const_cast<Common::CDataObject&>(*object), fieldId);
     }
     if (only != nullptr)
     {
-        Post(only, record.release());
+        Post(only, std::move(record));
         errors.Rethrow();
         return;
     }
@@ -297,10 +323,17 @@ void Dispatcher::OnDelete(Common::CDataObject const* object)
     registry.Forget(object);
 }
 
-void Dispatcher::Deliver(UpdateRecord const& record)
+void Dispatcher::Deliver(UpdateRecord const& record, CGridItem* onlyRow)
 {
     CallbackErrors errors;
-    ForEachRow(record.object, [&](CGridItem& item) { Apply(item, record); });
+    if (onlyRow != nullptr)
+    {
+        GridUpdates::Apply(*onlyRow, record, GridTimeMs(Platform::TakenMilliseconds()));
+    }
+    else
+    {
+        ForEachRow(record.object, [&](CGridItem& item) { Apply(item, record, GridTimeMs()); });
+    }
     errors.Rethrow();
 }
 

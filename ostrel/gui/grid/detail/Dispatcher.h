@@ -7,11 +7,17 @@
 // each applies it to its own. Rows whose thread has no window any more are served by the oldest window that is left.
 #pragma once
 
+#include <memory>
 #include <set>
 #include <vector>
 
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/platform/base/Types.h>
+
+namespace Ostrel::GUI
+{
+class CGridItem;
+}
 
 namespace Ostrel::GUI::Detail
 {
@@ -42,8 +48,10 @@ private:
     Dispatcher() = default;
 
     [[nodiscard]] static std::vector<HWND> WindowsFor(Common::CDataObject const* object);
-    static void Post(HWND window, UpdateRecord* record);
-    static void Deliver(UpdateRecord const& record);
+    static bool Post(HWND window, LPARAM cargo);
+    static void Post(HWND window, std::unique_ptr<UpdateRecord> record);
+    /// The row: the only one of the object, if that is known.
+    static void Deliver(UpdateRecord const& record, CGridItem* onlyRow);
     static void RemoveRows(Common::CDataObject const* object);
 };
 } // namespace Ostrel::GUI::Detail

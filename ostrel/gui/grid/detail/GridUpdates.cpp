@@ -10,8 +10,14 @@ namespace Ostrel::GUI::Detail
 {
 std::int32_t GridTimeMs() noexcept
 {
-    static DWORD const start = Platform::Clock::Ticks();
-    return static_cast<std::int32_t>(Platform::TicksSince(Platform::Clock::Ticks(), start) & 0x7FFFFFFFU);
+    return GridTimeMs(Platform::Clock::Milliseconds());
+}
+
+std::int32_t GridTimeMs(std::int64_t clockMs) noexcept
+{
+    constexpr std::int64_t kSlackMs = 1000; // the first reading may not be the oldest one
+    static std::int64_t const start = clockMs - kSlackMs;
+    return static_cast<std::int32_t>((clockMs - start) & 0x7FFFFFFF);
 }
 
 namespace
@@ -43,23 +49,22 @@ int GridUpdates::ElapsedMs(CGridItem const& item, long fieldId)
     return lastUpdateMs < 0 ? -1 : (GridTimeMs() - lastUpdateMs) & 0x7FFFFFFF;
 }
 
-void GridUpdates::Stamp(CGridItem& item, UpdateRecord const& record)
+void GridUpdates::Stamp(CGridItem& item, long fieldId, std::int32_t nowMs)
 {
-    if (record.fieldId == kAllFields)
+    if (fieldId == kAllFields)
     {
-        item.SetRowUpdateMs(GridTimeMs());
+        item.SetRowUpdateMs(nowMs);
     }
-    else if (record.fieldId != kNoField)
+    else if (fieldId != kNoField)
     {
-        std::int32_t const nowMs = GridTimeMs();
-        item.Updates().FindOrAdd(record.fieldId, nowMs).lastUpdateMs = nowMs;
+        item.Updates().FindOrAdd(fieldId, nowMs).lastUpdateMs = nowMs;
     }
 }
 
-void GridUpdates::Apply(CGridItem& item, UpdateRecord const& record)
+void GridUpdates::Apply(CGridItem& item, UpdateRecord const& record, std::int32_t nowMs)
 {
     TakeValues(item, record);
-    Stamp(item, record);
+    Stamp(item, record.fieldId, nowMs);
     if (GridArea* const area = GridArea::Of(item))
     {
         area->Core().Updates().ApplyAttached(*area, item, record.fieldId);
@@ -71,7 +76,7 @@ void GridUpdates::Update(CGridItem& item, long fieldId)
     UpdateRecord record;
     record.object = item.Object();
     record.fieldId = fieldId;
-    Apply(item, record);
+    Apply(item, record, GridTimeMs());
 }
 
 void GridUpdates::Update(Posted const& update)

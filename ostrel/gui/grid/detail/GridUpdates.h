@@ -14,6 +14,8 @@ class GridCore;
 
 /// Milliseconds since the process first asked; never negative in the first 24 days.
 [[nodiscard]] std::int32_t GridTimeMs() noexcept;
+/// The same for a reading of the clock that is at hand.
+[[nodiscard]] std::int32_t GridTimeMs(std::int64_t clockMs) noexcept;
 
 class GridUpdates
 {
@@ -21,7 +23,7 @@ public:
     explicit GridUpdates(GridCore& core) noexcept : m_core(core) {}
 
     /// Applies a record to a live row, attached or not.
-    static void Apply(CGridItem& item, UpdateRecord const& record);
+    static void Apply(CGridItem& item, UpdateRecord const& record, std::int32_t nowMs);
 
     /// As if the row's object had told of the field, for this row only.
     static void Update(CGridItem& item, long fieldId);
@@ -46,7 +48,7 @@ public:
     [[nodiscard]] static int ElapsedMs(CGridItem const& item, long fieldId);
 
 private:
-    static void Stamp(CGridItem& item, UpdateRecord const& record);
+    static void Stamp(CGridItem& item, long fieldId, std::int32_t nowMs);
     void ApplyAttached(GridArea& area, CGridItem& item, long fieldId);
     [[nodiscard]] bool ApplyFilter(GridArea& area, CGridItem& item);
     void Reposition(GridArea& area, CGridItem& item);

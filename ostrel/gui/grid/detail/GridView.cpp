@@ -233,8 +233,23 @@ void GridView::InvalidateFrom(int row, ContextType type)
     }
 }
 
+bool GridView::IsOffScreen(int row, ContextType type) const
+{
+    GridArea const* const area = m_core.Area(type);
+    if (area == nullptr)
+    {
+        return true;
+    }
+    int const first = type == ScrollableContext ? m_core.Scroller().FirstRow() : 0;
+    return row < first || static_cast<long long>(row - first) * std::max(area->RowHeight(), 1) >= m_client.cy;
+}
+
 void GridView::InvalidateCell(int row, ContextType type, long fieldId)
 {
+    if (IsOffScreen(row, type))
+    {
+        return;
+    }
     if (!IsField(fieldId))
     {
         InvalidateRow(row, type);

@@ -58,6 +58,8 @@ public:
 
 private:
     [[nodiscard]] int RowOnScreen(CGridItem const& item) const;
+    /// A quick first look, as most rows that change are far from what is shown; false says nothing.
+    [[nodiscard]] bool IsOffScreen(int row, ContextType type) const;
 
     GridCore& m_core;
     CSize m_client;

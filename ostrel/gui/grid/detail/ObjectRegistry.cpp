@@ -4,6 +4,7 @@
 #include <ostrel/gui/grid/detail/Dispatcher.h>
 #include <ostrel/gui/grid/detail/GridItem.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
+#include <ostrel/gui/grid/detail/Prefetch.h>
 #include <ostrel/platform/base/ThreadId.h>
 
 namespace Ostrel::GUI::Detail
@@ -158,6 +159,7 @@ void ObjectRegistry::Register(Common::CDataObject* object, CGridItem& item)
     {
         Platform::MutexLock lock(m_lock);
         isFirst = LinkLocked(object, item);
+        CountChangeLocked();
     }
     if (isFirst)
     {
@@ -171,8 +173,8 @@ void ObjectRegistry::Unregister(Common::CDataObject* object, CGridItem& item)
     {
         Platform::MutexLock lock(m_lock);
         wasLast = UnlinkLocked(object, item);
+        CountChangeLocked();
     }
-    m_changes.fetch_add(1, std::memory_order_acq_rel);
     if (wasLast)
     {
         object->RemoveSink(&Dispatcher::Instance());
@@ -199,7 +201,7 @@ void ObjectRegistry::Forget(Common::CDataObject const* object)
         item = next;
     }
     EraseSlotLocked(place);
-    m_changes.fetch_add(1, std::memory_order_acq_rel);
+    CountChangeLocked();
 }
 
 CGridItem* ObjectRegistry::FirstLocked(Common::CDataObject const* object) const noexcept
@@ -233,14 +235,28 @@ void ObjectRegistry::FetchSlots(std::span<Common::CDataObject const* const> obje
     }
 }
 
-void ObjectRegistry::FindFirstRows(std::span<Common::CDataObject const* const> objects,
-                                   std::span<CGridItem*> rows) const
+void ObjectRegistry::FetchRows(std::span<Common::CDataObject const* const> objects) const
+{
+    Platform::MutexLock lock(m_lock);
+    for (Common::CDataObject const* const object : objects)
+    {
+        if (CGridItem const* const row = FirstLocked(object))
+        {
+            Prefetch(row, sizeof(CGridItem));
+        }
+    }
+}
+
+std::uint64_t ObjectRegistry::FindOnlyRows(std::span<Common::CDataObject const* const> objects,
+                                           std::span<CGridItem*> rows) const
 {
     Platform::MutexLock lock(m_lock);
     for (std::size_t i = 0; i < objects.size(); ++i)
     {
-        rows[i] = m_slots.empty() ? nullptr : m_slots[FindLocked(objects[i])].first;
+        CGridItem* const first = FirstLocked(objects[i]);
+        rows[i] = first != nullptr && first->m_nextOfObject == nullptr ? first : nullptr;
     }
+    return m_changes.load(std::memory_order_relaxed);
 }
 
 bool ObjectRegistry::Contains(Common::CDataObject const* object) const
@@ -286,7 +302,7 @@ void ObjectRegistry::SetHome(std::span<CGridItem* const> items, DWORD home)
     {
         item->m_home = home;
     }
-    m_changes.fetch_add(1, std::memory_order_acq_rel);
+    CountChangeLocked();
 }
 
 ObjectRegistry::RemovingScope::RemovingScope(Common::CDataObject const* object) : m_object(object)

@@ -67,10 +67,14 @@ public:
     [[nodiscard]] ItemList Items(Common::CDataObject const* object, DWORD home) const OSTREL_EXCLUDES(m_lock);
     [[nodiscard]] ItemList ItemsServedHere(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
     [[nodiscard]] bool Contains(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
-    /// The first row of each object, null for none; and, before that, has what it reads brought into the cache.
-    void FindFirstRows(std::span<Common::CDataObject const* const> objects, std::span<CGridItem*> rows) const
+    /// The row of each object that has exactly one, null for the others; and how many changes there had been by then.
+    std::uint64_t FindOnlyRows(std::span<Common::CDataObject const* const> objects, std::span<CGridItem*> rows) const
         OSTREL_EXCLUDES(m_lock);
+    ///@{
+    /// Has what FindOnlyRows reads brought into the cache, and what FetchRows reads.
+    void FetchRows(std::span<Common::CDataObject const* const> objects) const OSTREL_EXCLUDES(m_lock);
     void FetchSlots(std::span<Common::CDataObject const* const> objects) const OSTREL_EXCLUDES(m_lock);
+    ///@}
     /// Whether the row still shows the object and is still served by the calling thread.
     [[nodiscard]] bool IsServedHere(Common::CDataObject const* object, CGridItem const* item) const
         OSTREL_EXCLUDES(m_lock);
@@ -85,7 +89,7 @@ public:
             function();
         }
     }
-    /// Grows with every row that is unregistered or gets another home.
+    /// Grows with every row that is registered or unregistered or gets another home.
     [[nodiscard]] std::uint64_t Changes() const noexcept { return m_changes.load(std::memory_order_acquire); }
 
     /// The homes of the object's rows, each once.
@@ -121,6 +125,10 @@ private:
     void EraseSlotLocked(std::size_t place) noexcept OSTREL_REQUIRES(m_lock);
     bool LinkLocked(Common::CDataObject const* object, CGridItem& item) OSTREL_REQUIRES(m_lock);
     bool UnlinkLocked(Common::CDataObject const* object, CGridItem& item) noexcept OSTREL_REQUIRES(m_lock);
+    void CountChangeLocked() noexcept OSTREL_REQUIRES(m_lock)
+    {
+        m_changes.store(m_changes.load(std::memory_order_relaxed) + 1, std::memory_order_release);
+    }
     [[nodiscard]] CGridItem* FirstLocked(Common::CDataObject const* object) const noexcept OSTREL_REQUIRES(m_lock);
     [[nodiscard]] bool IsServedHereLocked(Common::CDataObject const* object, CGridItem const* item) const
         OSTREL_REQUIRES(m_lock);
@@ -130,6 +138,6 @@ private:
     std::vector<Slot, Platform::LargePageAllocator<Slot>> m_slots OSTREL_GUARDED_BY(m_lock);
     std::size_t m_objects OSTREL_GUARDED_BY(m_lock) = 0;
     std::vector<Common::CDataObject const*> m_dying OSTREL_GUARDED_BY(m_lock);
-    std::atomic<std::uint64_t> m_changes{0};
+    std::atomic<std::uint64_t> m_changes{0}; ///< changed under the lock
 };
 } // namespace Ostrel::GUI::Detail

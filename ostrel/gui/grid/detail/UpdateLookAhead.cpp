@@ -2,6 +2,7 @@
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
+#include <ostrel/gui/grid/detail/Prefetch.h>
 #include <ostrel/gui/grid/detail/UpdateLookAhead.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
 #include <ostrel/platform/window/MessageLoop.h>
@@ -12,114 +13,112 @@ namespace
 {
 // Where an object keeps what is sorted and filtered by nobody knows; most are not larger.
 constexpr std::size_t kObjectBytes = 128;
+// So many rows, with their leaves and their objects, lie in a cache anyway.
+constexpr std::size_t kRowsInCache = 4096;
 
-UpdateRecord const* RecordAhead(std::size_t distance, UINT message)
+Common::CDataObject const* ObjectOf(Platform::PostedMessage const& posted, UINT message) noexcept
 {
-    MSG ahead;
-    bool const isUpdate = Platform::LookAtPosted(distance, ahead) && ahead.message == message && ahead.wParam == 0;
-    return isUpdate ? reinterpret_cast<UpdateRecord const*>(ahead.lParam) : nullptr;
-}
-
-Common::CDataObject const* ObjectAhead(std::size_t distance, UINT message)
-{
-    UpdateRecord const* const record = RecordAhead(distance, message);
-    return record != nullptr ? record->object : nullptr;
-}
-
-void Fetch(void const* address, std::size_t bytes) noexcept
-{
-    constexpr std::size_t kCacheLine = 64;
-    for (std::size_t offset = 0; offset < bytes; offset += kCacheLine)
-    {
-        __builtin_prefetch(static_cast<std::byte const*>(address) + offset);
-    }
+    bool const isUpdate = posted.message == message && posted.wParam == 0 && posted.lParam != 0;
+    return isUpdate ? UpdateCargo(posted.lParam).Object() : nullptr;
 }
 } // namespace
 
-void UpdateLookAhead::Step(UINT message)
+CGridItem* UpdateLookAhead::Step(UINT message, Common::CDataObject const* object)
 {
-    if (m_step++ % kGroup == 0)
+    if (m_step % kGroup == 0)
     {
         LookAhead(message);
     }
+    Found const& found = At(0);
+    ++m_step;
+    bool const isRight = found.object == object && found.changes == ObjectRegistry::Instance().Changes();
+    return isRight ? found.row : nullptr;
 }
 
-// What a stage reads was fetched by another one a group of updates ago.
+// The message that is being handled is the update at distance 0: the first one behind it is at distance 1. What a stage
+// reads was fetched by another one a group of updates ago.
 void UpdateLookAhead::LookAhead(UINT message)
 {
-    MSG last;
-    if (!Platform::LookAtPosted(kGroup, last))
+    std::size_t const farAhead = 2 * kGroup;
+    std::span<Platform::PostedMessage const> posted = Platform::PostedBehind(0);
+    bool const fetches = posted.size() > farAhead && ItemPool::LiveCount() > kRowsInCache;
+    std::size_t const distance = fetches ? farAhead : 0;
+    posted = posted.subspan(distance);
+    if (posted.empty())
     {
-        m_found.fill(nullptr);
-        m_fetched.fill(nullptr);
         return;
     }
-    FetchBranches();
-    FetchLeaves();
-    m_fetched = m_found;
-    FindRows(message);
-    std::array<Common::CDataObject const*, kGroup> objects{};
-    for (std::size_t i = 0; i < kGroup; ++i)
+    auto const objectsOfGroup = [&](std::size_t group)
     {
-        objects[i] = ObjectAhead(3 * kGroup + i, message);
+        Objects objects{};
+        for (std::size_t i = 0; i < kGroup && group * kGroup + i < posted.size(); ++i)
+        {
+            objects[i] = ObjectOf(posted[group * kGroup + i], message);
+        }
+        return objects;
+    };
+    if (fetches)
+    {
+        FetchBranches(1);
+        FetchLeaves(1 + kGroup);
+        ObjectRegistry::Instance().FetchRows(objectsOfGroup(1));
+        ObjectRegistry::Instance().FetchSlots(objectsOfGroup(2));
     }
-    ObjectRegistry::Instance().FetchSlots(objects);
+    FindRows(objectsOfGroup(0), 1 + distance);
+}
+
+void UpdateLookAhead::FindRows(Objects const& objects, std::size_t distance)
+{
+    std::array<CGridItem*, kGroup> rows{};
+    std::uint64_t const changes = ObjectRegistry::Instance().FindOnlyRows(objects, rows);
     for (std::size_t i = 0; i < kGroup; ++i)
     {
-        __builtin_prefetch(RecordAhead(4 * kGroup + i, message));
+        At(distance + i) = {objects[i], rows[i], changes};
+    }
+}
+
+void UpdateLookAhead::FetchLeaves(std::size_t distance) const noexcept
+{
+    std::uint64_t const changes = ObjectRegistry::Instance().Changes();
+    for (std::size_t i = 0; i < kGroup; ++i)
+    {
+        Found const& found = At(distance + i);
+        if (found.row == nullptr || (found.changes != changes && !ItemPool::IsLive(found.row)))
+        {
+            continue;
+        }
+        CGridItem const& row = *found.row;
+        row.Updates().Fetch();
+        ChildSequence::Fetch(row);
+        GridArea const* const area = GridArea::Of(row);
+        if (area != nullptr && (area->IsSorted() || area->Core().Sorting().HasFilter()))
+        {
+            Prefetch(row.Object(), kObjectBytes);
+        }
     }
 }
 
 // What is summed up above a leaf to get a row's number.
-void UpdateLookAhead::FetchBranches() const noexcept
+void UpdateLookAhead::FetchBranches(std::size_t distance) const noexcept
 {
     constexpr std::size_t kRowsOffset =
         sizeof(SequenceNode) + kInnerCapacity * (2 * sizeof(void*) + sizeof(std::uint64_t));
-    for (CGridItem const* const row : m_fetched)
-    {
-        if (row == nullptr || !ItemPool::IsLive(row) || row->Parent() == nullptr)
-        {
-            continue;
-        }
-        SequenceNode const& leaf = *ChildSequence::PlaceOf(*row).leaf;
-        if (leaf.m_parent != nullptr)
-        {
-            Fetch(leaf.m_parent, sizeof(SequenceNode));
-            Fetch(reinterpret_cast<std::byte const*>(leaf.m_parent) + kRowsOffset,
-                  leaf.m_slot * sizeof(std::uint32_t) + 1);
-        }
-    }
-}
-
-void UpdateLookAhead::FetchLeaves() const noexcept
-{
-    for (CGridItem const* const row : m_found)
-    {
-        if (row == nullptr || !ItemPool::IsLive(row))
-        {
-            continue;
-        }
-        row->Updates().Fetch();
-        ChildSequence::Fetch(*row);
-        GridArea const* const area = GridArea::Of(*row);
-        if (area != nullptr && (area->IsSorted() || area->Core().Sorting().HasFilter()))
-        {
-            Fetch(row->Object(), kObjectBytes);
-        }
-    }
-}
-
-void UpdateLookAhead::FindRows(UINT message)
-{
-    std::array<Common::CDataObject const*, kGroup> objects{};
+    std::uint64_t const changes = ObjectRegistry::Instance().Changes();
     for (std::size_t i = 0; i < kGroup; ++i)
     {
-        objects[i] = ObjectAhead(2 * kGroup + i, message);
-    }
-    ObjectRegistry::Instance().FindFirstRows(objects, m_found);
-    for (CGridItem const* const row : m_found)
-    {
-        Fetch(row, sizeof(CGridItem));
+        Found const& found = At(distance + i);
+        if (found.row == nullptr || (found.changes != changes && !ItemPool::IsLive(found.row)) ||
+            found.row->Parent() == nullptr)
+        {
+            continue;
+        }
+        SequenceNode const& leaf = *ChildSequence::PlaceOf(*found.row).leaf;
+        if (leaf.m_parent != nullptr)
+        {
+            Prefetch(leaf.m_parent, sizeof(SequenceNode));
+            Prefetch(reinterpret_cast<std::byte const*>(leaf.m_parent) + kRowsOffset,
+                     kInnerCapacity * sizeof(std::uint32_t));
+        }
     }
 }
 } // namespace Ostrel::GUI::Detail

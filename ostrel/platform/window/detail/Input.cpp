@@ -166,11 +166,6 @@ bool Input::TakeFrom(std::deque<MSG>& messages, MSG& message, MessageFilter cons
     return true;
 }
 
-bool Input::NextTranslated(MSG& message, MessageFilter const& filter, bool take)
-{
-    return TakeFrom(m_translated, message, filter, take);
-}
-
 bool Input::Next(MSG& message, MessageFilter const& filter, bool take)
 {
     while (!TakeFrom(m_ready, message, filter, take))

@@ -29,7 +29,10 @@ public:
     /// The characters that a key message typed, as messages that come next. False when it typed none.
     bool Translate(MSG const& key);
     /// Characters made by Translate come before everything else.
-    [[nodiscard]] bool NextTranslated(MSG& message, MessageFilter const& filter, bool take);
+    [[nodiscard]] bool NextTranslated(MSG& message, MessageFilter const& filter, bool take)
+    {
+        return !m_translated.empty() && TakeFrom(m_translated, message, filter, take);
+    }
 
     // ---- focus, activation, capture
     HWND SetFocus(HWND window);

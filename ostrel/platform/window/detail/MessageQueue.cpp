@@ -154,12 +154,8 @@ bool MessageQueue::Send(SentMessage& sent)
     return isOpen;
 }
 
-bool MessageQueue::TakePosted(std::vector<PostedMessage>& batch)
+void MessageQueue::TakeAllPosted(std::vector<PostedMessage>& batch)
 {
-    if (!m_hasPosted.load(std::memory_order_acquire))
-    {
-        return false;
-    }
     LockBriefly();
     if (batch.empty())
     {
@@ -172,7 +168,6 @@ bool MessageQueue::TakePosted(std::vector<PostedMessage>& batch)
     }
     m_hasPosted.store(false, std::memory_order_relaxed);
     m_lock.Unlock();
-    return true;
 }
 
 SentMessage* MessageQueue::TakeSent()

@@ -16,17 +16,10 @@
 #include <ostrel/platform/base/HandleTable.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
 #include <ostrel/platform/base/Types.h>
+#include <ostrel/platform/window/MessageLoop.h>
 
 namespace Ostrel::Platform
 {
-
-struct PostedMessage
-{
-    HWND window;
-    UINT message;
-    WPARAM wParam;
-    LPARAM lParam;
-};
 
 class MessageQueue;
 
@@ -66,7 +59,13 @@ public:
 
     // ---- owner
     /// Appends what was posted to `batch`. Cheap when nothing was.
-    bool TakePosted(std::vector<PostedMessage>& batch);
+    void TakePosted(std::vector<PostedMessage>& batch)
+    {
+        if (m_hasPosted.load(std::memory_order_acquire))
+        {
+            TakeAllPosted(batch);
+        }
+    }
     [[nodiscard]] bool HasSent() const noexcept { return m_hasSent.load(std::memory_order_acquire); }
     /// The next sent message, null when there is none.
     SentMessage* TakeSent();
@@ -91,6 +90,7 @@ private:
     MessageQueue();
     ~MessageQueue() = default;
 
+    void TakeAllPosted(std::vector<PostedMessage>& batch);
     void LockBriefly() OSTREL_ACQUIRE(m_lock);
     /// Tells whether the caller has to write to the wake descriptor once it has given back the lock.
     [[nodiscard]] bool WakeLocked(Sleeping atLeast) OSTREL_REQUIRES(m_lock);

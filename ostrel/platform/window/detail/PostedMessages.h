@@ -1,6 +1,11 @@
 // The posted messages that a thread has taken over from its queue, in batches, and serves one after the other.
+//
+// What the thread posts to itself comes here at once, without the queue and its lock. Nothing overtakes anything by
+// that: what other threads have posted before is taken over first, and what they post later lies behind in the queue.
 #pragma once
 
+#include <algorithm>
+#include <span>
 #include <vector>
 
 #include <ostrel/platform/window/detail/MessageQueue.h>
@@ -29,13 +34,17 @@ struct MessageFilter
 class PostedMessages
 {
 public:
+    /// By the thread that serves them.
+    void Post(MessageQueue& queue, PostedMessage const& message);
+    [[nodiscard]] bool IsEmpty() const noexcept { return m_next == m_batch.size(); }
+
     /// The first message that the filter wants.
     bool Next(MessageQueue& queue, MessageFilter const& filter, bool take, PostedMessage& message);
 
-    /// The message so many places behind the next one, null when that many were not taken over yet.
-    [[nodiscard]] PostedMessage const* Ahead(std::size_t distance) const noexcept
+    /// Those behind the next so many, as far as they were taken over. Good until the next call of another function.
+    [[nodiscard]] std::span<PostedMessage const> Behind(std::size_t distance) const noexcept
     {
-        return distance < m_batch.size() - m_next ? &m_batch[m_next + distance] : nullptr;
+        return std::span(m_batch).subspan(std::min(m_next + distance, m_batch.size()));
     }
 
 private:

@@ -13,27 +13,6 @@ namespace Ostrel::Platform
 namespace
 {
 
-// A plain pointer, so that it may still be read when the thread's other objects have gone.
-thread_local ThreadState* t_state = nullptr;
-
-struct StateOwner
-{
-    StateOwner() = default;
-    StateOwner(StateOwner const&) = delete;
-    StateOwner& operator=(StateOwner const&) = delete;
-    ~StateOwner()
-    {
-        if (t_state != nullptr)
-        {
-            MessageQueue* const queue = &t_state->queue;
-            state.reset();
-            t_state = nullptr;
-            MessageQueue::Release(queue);
-        }
-    }
-    std::unique_ptr<ThreadState> state;
-};
-
 [[noreturn]] void EndProgram(std::string const& reason)
 {
     std::fprintf(stderr, "ostrel: the display server is gone: %s\n", reason.c_str());
@@ -43,20 +22,30 @@ struct StateOwner
 
 } // namespace
 
-ThreadState& ThreadState::Get()
+struct ThreadState::Owner
 {
-    if (t_state == nullptr)
+    Owner() = default;
+    Owner(Owner const&) = delete;
+    Owner& operator=(Owner const&) = delete;
+    ~Owner()
     {
-        thread_local StateOwner owner;
-        owner.state = std::make_unique<ThreadState>(MessageQueue::Acquire());
-        t_state = owner.state.get();
+        if (s_current != nullptr)
+        {
+            MessageQueue& released = s_current->queue;
+            state.reset();
+            s_current = nullptr;
+            MessageQueue::Release(&released);
+        }
     }
-    return *t_state;
-}
+    std::unique_ptr<ThreadState> state;
+};
 
-ThreadState* ThreadState::TryGet() noexcept
+ThreadState& ThreadState::Make()
 {
-    return t_state;
+    thread_local Owner owner;
+    owner.state = std::make_unique<ThreadState>(MessageQueue::Acquire());
+    s_current = owner.state.get();
+    return *s_current;
 }
 
 ThreadState::ThreadState(MessageQueue* threadQueue) : queue(*threadQueue) {}
@@ -75,23 +64,17 @@ ThreadState::~ThreadState()
     }
     temporaryObjects.clear();
     m_windows.clear();
-    t_state = nullptr;
+    s_current = nullptr;
 }
 
-Window* ThreadState::Find(HWND handle) noexcept
+Window* ThreadState::FindInAll(HWND handle) noexcept
 {
-    Window*& lastFound = LastFound(handle);
-    if (lastFound != nullptr && lastFound->handle == handle)
-    {
-        return lastFound;
-    }
     auto const found = m_windows.find(TokenOf(handle));
     if (found == m_windows.end())
     {
         return nullptr;
     }
-    lastFound = found->second.get();
-    return lastFound;
+    return LastFound(handle) = found->second.get();
 }
 
 Window& ThreadState::AddWindow()
@@ -232,11 +215,6 @@ LRESULT ThreadState::SendToOther(MessageQueue& receiver, SentMessage& sent)
         std::rethrow_exception(sent.exception);
     }
     return sent.result;
-}
-
-Window* FindWindowRecord(HWND handle) noexcept
-{
-    return t_state != nullptr ? t_state->Find(handle) : nullptr;
 }
 
 LRESULT CallProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)

@@ -24,9 +24,9 @@ class ThreadState
 {
 public:
     /// The calling thread's state, made now if it has none.
-    static ThreadState& Get();
+    static ThreadState& Get() { return s_current != nullptr ? *s_current : Make(); }
     /// The same, null if it has none.
-    static ThreadState* TryGet() noexcept;
+    static ThreadState* TryGet() noexcept { return s_current; }
 
     explicit ThreadState(MessageQueue* threadQueue);
     ThreadState(ThreadState const&) = delete;
@@ -35,7 +35,11 @@ public:
 
     // ---- windows
     /// Null for a window that is dead or of another thread.
-    [[nodiscard]] Window* Find(HWND handle) noexcept;
+    [[nodiscard]] Window* Find(HWND handle) noexcept
+    {
+        Window* const lastFound = LastFound(handle);
+        return lastFound != nullptr && lastFound->handle == handle ? lastFound : FindInAll(handle);
+    }
     Window& AddWindow();
     /// Takes the record out and ends it.
     void RemoveWindow(HWND handle);
@@ -58,6 +62,7 @@ public:
 
     MessageQueue& queue;
     PostedMessages posted;
+    std::int64_t takenUs = 0; ///< the clock when the loop last looked for a message
     TimerList timers;
     Painter painter{*this};
     Input input{*this};
@@ -66,6 +71,10 @@ public:
     std::vector<std::unique_ptr<CWnd>> temporaryObjects;
 
 private:
+    struct Owner;
+
+    static ThreadState& Make();
+    [[nodiscard]] Window* FindInAll(HWND handle) noexcept;
     void Serve(SentMessage& sent);
     [[nodiscard]] Window*& LastFound(HWND handle) noexcept { return m_lastFound[TokenOf(handle) % m_lastFound.size()]; }
 
@@ -75,10 +84,17 @@ private:
     std::array<Window*, 8> m_lastFound{};
     std::vector<Window*> m_topLevels;
     std::unique_ptr<Display> m_display;
+
+    // A plain pointer, so that it may still be read when the thread's other objects have gone.
+    static inline constinit thread_local ThreadState* s_current = nullptr;
 };
 
-/// Short for ThreadState::TryGet()->Find(handle).
-[[nodiscard]] Window* FindWindowRecord(HWND handle) noexcept;
+/// Null for a window that is dead or of another thread.
+[[nodiscard]] inline Window* FindWindowRecord(HWND handle) noexcept
+{
+    ThreadState* const state = ThreadState::TryGet();
+    return state != nullptr ? state->Find(handle) : nullptr;
+}
 
 /// Runs the procedure of a window of the calling thread; 0 for a dead one.
 LRESULT CallProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
