@@ -19,6 +19,8 @@ std::unique_ptr<Display> MakeX11Display(std::string& whyNot);
 namespace
 {
 
+constexpr CSize kUnseenScreen{1920, 1080};
+
 std::string_view Wish()
 {
     char const* const wish = std::getenv("OSTREL_DISPLAY");
@@ -36,7 +38,8 @@ void SayOnce(std::string const& line)
 
 std::unique_ptr<Display> MakeHeadless()
 {
-    return std::make_unique<HeadlessDisplay>();
+    // Nobody looks, except at pictures that the program makes of itself: those need no second copy of every window.
+    return std::make_unique<HeadlessDisplay>(kUnseenScreen, HeadlessDisplay::Shows::Drawn);
 }
 
 [[noreturn]] void RefuseToStart(std::string const& reason)

@@ -81,7 +81,8 @@ void NoteModifier(InputState& state, UINT virtualKey, bool down) noexcept
 
 } // namespace
 
-HeadlessDisplay::HeadlessDisplay(CSize screen) : m_screen(screen), m_keysDown(256, false) {}
+HeadlessDisplay::HeadlessDisplay(CSize screen, Shows shows) : m_screen(screen), m_shows(shows), m_keysDown(256, false)
+{}
 
 HeadlessDisplay::~HeadlessDisplay() = default;
 

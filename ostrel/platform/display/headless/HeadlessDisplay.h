@@ -59,22 +59,25 @@ public:
     [[nodiscard]] CursorShape Cursor() const noexcept { return m_cursor; }
     /// What it was made with.
     [[nodiscard]] NativeWindowOptions const& Options() const noexcept { return m_options; }
-    /// What was presented last: what a person would see.
-    [[nodiscard]] Surface const& Pixels() const noexcept { return m_front; }
+    /// What a person would see.
+    [[nodiscard]] Surface const& Pixels() const noexcept { return m_copiesPresented ? m_front : m_back; }
     /// How often something was presented.
     [[nodiscard]] int PresentCount() const noexcept { return m_presentCount; }
     /// How many pixels were presented in all.
     [[nodiscard]] std::int64_t PresentedPixels() const noexcept { return m_presentedPixels; }
 
 private:
+    void Copy(std::span<CRect const> dirty);
+
     HeadlessDisplay& m_display;
     NativeWindowOptions m_options;
     CRect m_bounds;
     CRect m_restoreBounds;
     bool m_isVisible = false;
     CursorShape m_cursor = CursorShape::Arrow;
+    bool m_copiesPresented;
     Surface m_back;
-    Surface m_front;
+    Surface m_front; ///< only where it copies
     int m_presentCount = 0;
     std::int64_t m_presentedPixels = 0;
 };
@@ -83,8 +86,15 @@ private:
 class OSTREL_PLATFORM_API HeadlessDisplay final : public Display
 {
 public:
+    /// What the screen shows of a window.
+    enum class Shows
+    {
+        Presented, ///< what was presented last, of which it keeps a copy: as on a real screen
+        Drawn      ///< what the window draws on, with nothing copied
+    };
+
     /// With a screen of so many pixels.
-    explicit HeadlessDisplay(CSize screen = {1920, 1080});
+    explicit HeadlessDisplay(CSize screen = {1920, 1080}, Shows shows = Shows::Presented);
     ~HeadlessDisplay() override;
 
     /// The calling thread's display. Gives the thread a headless one when it has none yet; ends the program with a
@@ -186,6 +196,7 @@ private:
     void ReportFocus(DisplaySink& sink);
 
     CSize m_screen;
+    Shows m_shows;
     std::vector<HeadlessWindow*> m_windows;
     std::deque<PendingEvent> m_events;
     CPoint m_pointer{0, 0};

@@ -6,7 +6,10 @@ namespace Ostrel::Platform
 {
 
 HeadlessWindow::HeadlessWindow(HeadlessDisplay& display, NativeWindowOptions const& options)
-    : m_display(display), m_options(options), m_bounds(options.bounds)
+    : m_display(display),
+      m_options(options),
+      m_bounds(options.bounds),
+      m_copiesPresented(display.m_shows == HeadlessDisplay::Shows::Presented)
 {
     m_display.Add(*this);
 }
@@ -111,6 +114,19 @@ Surface& HeadlessWindow::BackBuffer()
 
 void HeadlessWindow::Present(std::span<CRect const> dirty)
 {
+    for (CRect const& rect : dirty)
+    {
+        m_presentedPixels += std::int64_t{rect.Width()} * rect.Height();
+    }
+    ++m_presentCount;
+    if (m_copiesPresented)
+    {
+        Copy(dirty);
+    }
+}
+
+void HeadlessWindow::Copy(std::span<CRect const> dirty)
+{
     Surface const& back = BackBuffer();
     if (m_front.Width() != back.Width() || m_front.Height() != back.Height())
     {
@@ -119,9 +135,7 @@ void HeadlessWindow::Present(std::span<CRect const> dirty)
     for (CRect const& rect : dirty)
     {
         m_front.CopyFrom(back, rect, rect.TopLeft());
-        m_presentedPixels += std::int64_t{rect.Width()} * rect.Height();
     }
-    ++m_presentCount;
 }
 
 } // namespace Ostrel::Platform
