@@ -2,6 +2,7 @@
 // GridRowCalls.cpp and GridViewCalls.cpp.
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/WindowClass.h>
 #include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/MessageLoop.h>
@@ -12,20 +13,15 @@ namespace
 {
 constexpr char const* kWindowClass = "Ostrel.Grid";
 
-void RegisterWindowClassOnce()
+void RegisterWindowClass()
 {
-    WNDCLASS present;
-    if (GetClassInfo(nullptr, kWindowClass, &present) != FALSE)
-    {
-        return;
-    }
     WNDCLASS windowClass;
     windowClass.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
     windowClass.lpfnWndProc = &::DefWindowProc;
     windowClass.hCursor = LoadCursor(nullptr, IDC_ARROW);
     windowClass.hbrBackground = SystemColorBrush(COLOR_BTNFACE);
     windowClass.lpszClassName = kWindowClass;
-    RegisterClass(&windowClass);
+    Detail::RegisterClassOnce(windowClass);
 }
 } // namespace
 
@@ -33,7 +29,7 @@ IMPLEMENT_DYNCREATE(CGrid, CWnd)
 
 CGrid::CGrid()
 {
-    RegisterWindowClassOnce();
+    RegisterWindowClass();
     m_core = std::make_unique<Detail::GridCore>(*this);
 }
 

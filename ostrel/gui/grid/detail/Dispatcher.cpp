@@ -11,6 +11,7 @@
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/grid/detail/UpdateLookAhead.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
+#include <ostrel/gui/grid/detail/WindowClass.h>
 #include <ostrel/platform/base/CallbackErrors.h>
 #include <ostrel/platform/base/ThreadId.h>
 #include <ostrel/platform/window/MessageLoop.h>
@@ -81,18 +82,13 @@ Place const* ServingPlace(DWORD home) noexcept
     return oldest;
 }
 
-void RegisterWindowClassOnce()
+void RegisterWindowClass()
 {
-    WNDCLASS present;
-    if (GetClassInfo(nullptr, kWindowClass, &present) != FALSE)
-    {
-        return;
-    }
     WNDCLASS windowClass;
     windowClass.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
     windowClass.lpfnWndProc = &::DefWindowProc;
     windowClass.lpszClassName = kWindowClass;
-    RegisterClass(&windowClass);
+    RegisterClassOnce(windowClass);
 }
 
 UINT DispatcherMessage()
@@ -153,7 +149,7 @@ public:
             {
                 return;
             }
-            RegisterWindowClassOnce();
+            RegisterWindowClass();
             GetFocus(); // what the thread's windows stand on is there before the owner, and goes after it
             static thread_local std::unique_ptr<Window> owner;
             owner = std::make_unique<Window>(*place);
