@@ -219,6 +219,14 @@ TEST_F(NavigationTest, CaptionsSortAndAddAndClear)
     grid.ClickCaption("Name", Modifier::Shift);
     EXPECT_EQ(grid.SortText(), "sort=-");
     EXPECT_EQ(grid.RowsText(), "rows=e,d,c,b,a") << "the rows stay where they are";
+    grid.Grid().AllowMultiSort(false);
+    for (char const* const expected : {"sort=Name:asc", "sort=Name:desc"})
+    {
+        grid.ClickCaption("Name", Modifier::Ctrl);
+        EXPECT_EQ(grid.SortText(), expected);
+        grid.ClickCaption("Price", Modifier::Ctrl);
+        EXPECT_EQ(grid.SortText(), expected) << "a second level is not allowed";
+    }
 }
 
 TEST_F(NavigationTest, ACaptionsEdgeResizesItsColumn)

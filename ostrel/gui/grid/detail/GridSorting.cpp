@@ -110,7 +110,7 @@ void GridSorting::SortByUser(long fieldId, bool shift, bool ctrl)
     {
         header->ResetSort();
     }
-    else if (ctrl && header->CanMultiSort())
+    else if (ctrl)
     {
         AddUserLevel(fieldId);
     }
