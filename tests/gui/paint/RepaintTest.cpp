@@ -8,6 +8,7 @@
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/paint/BackgroundImage.h>
 #include <ostrel/gui/paint/PaintFilter.h>
+#include <ostrel/gui/paint/SpaciousDraw.h>
 #include <ostrel/platform/base/Clock.h>
 #include <ostrel/platform/drawing/ImageList.h>
 #include <ostrel/platform/drawing/SystemLook.h>
@@ -187,6 +188,7 @@ private:
             break;
         case ChangeImages:
             grid.SetImageList(Maybe() ? &m_images : nullptr, Maybe());
+            grid.SetCustomDraw(Maybe() ? &m_spacious : nullptr);
             break;
         default:
             Below(3) == 0 ? grid.HideHeader() : grid.ShowHeader();
@@ -200,6 +202,7 @@ private:
     std::mt19937 m_random;
     CBitmap m_picture;
     CImageList m_images;
+    CSpaciousDraw m_spacious{false};
     Scene m_scene;
     Action m_last = Wait;
 };

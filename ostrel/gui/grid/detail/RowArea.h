@@ -12,6 +12,7 @@
 // Grid thread only. Items passed in must be live; items "of the area" must belong to it: check handles with Contains.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -96,9 +97,10 @@ public:
     [[nodiscard]] ContextType Type() const noexcept { return m_type; }
     [[nodiscard]] CGridItem& Root() noexcept { return *m_root; }
     [[nodiscard]] CGridItem const& Root() const noexcept { return *m_root; }
-    /// Pixels; every row of the area has it.
+    static constexpr int kTallestRow = 1 << 14; ///< so that what is measured in row heights stays far from overflowing
+    /// Pixels; every row of the area has it. At most kTallestRow.
     [[nodiscard]] int RowHeight() const noexcept { return m_rowHeight; }
-    void SetRowHeight(int height) noexcept { m_rowHeight = height; }
+    void SetRowHeight(int height) noexcept { m_rowHeight = std::min(height, kTallestRow); }
 
     /// True for a row of this area (the root included). Any value may be asked.
     [[nodiscard]] bool Contains(CGridItem const* handle) const noexcept;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <ostrel/gui/paint/detail/PaintBuffers.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 
@@ -43,8 +45,10 @@ CRect PlaceBackground(CRect const& clientRect, int headerHeight, CSize pictureSi
     {
         return clientRect;
     }
+    // A header higher than the window leaves no room either way.
+    int const header = std::clamp(headerHeight, 0, clientRect.Height());
     CPoint const at(clientRect.left + (clientRect.Width() - pictureSize.cx) / 2,
-                    clientRect.top + (clientRect.Height() - pictureSize.cy - headerHeight) / 2 + headerHeight);
+                    clientRect.top + (clientRect.Height() - pictureSize.cy - header) / 2 + header);
     return {at, pictureSize};
 }
 
@@ -87,7 +91,7 @@ void PaintBuffers::Rebuild(CDC& compatible, Options const& options)
     CBitmap* const previousTo = to.SelectObject(m_background.get());
     CBitmap* const previousFrom = from.SelectObject(picture);
     CRect area = client;
-    area.top += options.headerHeight;
+    area.top += std::clamp(options.headerHeight, 0, client.Height());
     PlacePicture(to, from, area, m_backgroundRect, size, options.background.GetMode());
     from.SelectObject(previousFrom);
     to.SelectObject(previousTo);
