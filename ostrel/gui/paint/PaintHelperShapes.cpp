@@ -11,6 +11,7 @@
 #include <ostrel/gui/paint/detail/PaintSnapshot.h>
 #include <ostrel/gui/paint/detail/Primitives.h>
 #include <ostrel/platform/drawing/ImageList.h>
+#include <ostrel/platform/drawing/SystemLook.h>
 
 namespace Ostrel::GUI
 {
@@ -72,12 +73,13 @@ bool IsValidRow(int row, CGridLine const& line, CPaintContext const& context)
     return row >= 0 && static_cast<unsigned>(row) < context.GetGrid().GetRowCount(line.GetContextType());
 }
 
-/// Black, or white where black would not be seen.
-COLORREF ContrastTo(unsigned long color)
+/// Black; in the dark scheme, white on what is dark.
+COLORREF StrokeColor(unsigned long backColor)
 {
-    auto const back = static_cast<COLORREF>(color);
+    auto const back = static_cast<COLORREF>(backColor);
     int const brightness = 299 * GetRValue(back) + 587 * GetGValue(back) + 114 * GetBValue(back);
-    return brightness >= 96 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+    bool const isDark = Platform::GetColorScheme() == Platform::ColorScheme::Dark && brightness < 96 * 1000;
+    return isDark ? RGB(255, 255, 255) : RGB(0, 0, 0);
 }
 
 /// Where a stroke begins that lies in the middle between two edges; the same pixel of the shape left of the window,
@@ -211,7 +213,7 @@ void CPaintHelper::DrawCollapseExpandIcon(CGridCell const& cell, unsigned long c
     }
     CDC& dc = context.GetDC();
     CellClip const clip(dc, cell, button.right);
-    COLORREF const stroke = ContrastTo(cell.GetPaintInfo().GetBackColor());
+    COLORREF const stroke = StrokeColor(cell.GetPaintInfo().GetBackColor());
     Detail::DrawFrame(dc, button, static_cast<COLORREF>(color));
     CRect inside = button;
     inside.DeflateRect(Platform::Scaled(2), Platform::Scaled(2));

@@ -1,4 +1,5 @@
 #include <thread>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -60,6 +61,18 @@ TEST_F(ColorSchemeTest, OneCallTurnsALiveWindowDarkAndBack)
 
     CPreferences::SetColorScheme(ColorScheme::Light);
     EXPECT_TRUE(SamePixels(light, scene.Show()));
+}
+
+TEST_F(ColorSchemeTest, StrokesOfAnExpandButtonAreSeenInEitherScheme)
+{
+    for (auto const& [scheme, stroke] :
+         {std::pair(ColorScheme::Light, RGB(0, 0, 0)), std::pair(ColorScheme::Dark, RGB(255, 255, 255))})
+    {
+        CPreferences::SetColorScheme(scheme);
+        Scene scene({300, 120});
+        scene.AddRow(scene.AddRow());
+        EXPECT_EQ(PixelsRight(scene.Paint(), {3, Scene::RowTop(0) + 8}, 11, stroke), "..#######..");
+    }
 }
 
 TEST_F(ColorSchemeTest, GridsHaveAnAppearanceForEitherScheme)
