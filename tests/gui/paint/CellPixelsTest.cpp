@@ -311,19 +311,14 @@ TEST(CellPixelsTest, DropMarkLiesBetweenTwoRows)
 
 TEST(CellPixelsTest, ImagesAreCentredOrStretched)
 {
-    CBitmap picture;
-    std::vector<DWORD> const red(8 * 4, 0xFFFF0000);
-    picture.CreateBitmap(8, 4, 1, 32, red.data());
-    CImageList images;
-    images.Create(8, 4, ILC_COLOR32, 1, 1);
-    images.Add(&picture, CLR_NONE);
+    Pictures red({8, 4}, 0xFFFF0000);
     constexpr COLORREF kRed = RGB(255, 0, 0);
 
     Scene scene({300, 60});
     scene.HideText();
     scene.AddRow();
     scene.Column(kCountFid).SetCellImageId(0);
-    scene.grid.SetImageList(&images, false);
+    scene.grid.SetImageList(&red.list, false);
     Surface const plain = scene.Paint();
     EXPECT_EQ(PixelsRight(plain, {100, Scene::RowTop(0) + 7}, 18, kRed), "########..........");
     EXPECT_EQ(PixelsDown(plain, {103, Scene::RowTop(0)}, 16, kRed), "......####......");

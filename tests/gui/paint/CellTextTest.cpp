@@ -70,18 +70,13 @@ std::string InkOf(Scene& scene)
 template <class Draw>
 void CheckWidths(bool withImage)
 {
-    CBitmap picture;
-    std::vector<DWORD> const red(8 * 4, 0xFFFF0000);
-    picture.CreateBitmap(8, 4, 1, 32, red.data());
-    CImageList images;
-    images.Create(8, 4, ILC_COLOR32, 1, 1);
-    images.Add(&picture, CLR_NONE);
+    Pictures red({8, 4}, 0xFFFF0000);
     for (char const* const text : kTexts)
     {
         Measuring<Draw> draw;
         Scene scene({500, 80}, {300, 60});
         scene.grid.SetCustomDraw(&draw);
-        scene.grid.SetImageList(withImage ? &images : nullptr, true);
+        scene.grid.SetImageList(withImage ? &red.list : nullptr, true);
         scene.Column(kNameFid).SetCellImageId(0);
         scene.state.scrollableRowHeight = Platform::Scaled(24);
         scene.AddRow(ScrollableRoot, text);

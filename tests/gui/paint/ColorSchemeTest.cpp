@@ -24,16 +24,6 @@ protected:
     ~ColorSchemeTest() override { CPreferences::SetColorScheme(ColorScheme::Light); }
 };
 
-bool SamePixels(Surface const& a, Surface const& b)
-{
-    bool same = a.Width() == b.Width() && a.Height() == b.Height();
-    for (int y = 0; same && y < a.Height(); ++y)
-    {
-        same = std::equal(a.Row(y), a.Row(y) + a.Width(), b.Row(y));
-    }
-    return same;
-}
-
 CAppearance Reddish()
 {
     CAppearance red;
@@ -60,7 +50,7 @@ TEST_F(ColorSchemeTest, OneCallTurnsALiveWindowDarkAndBack)
     EXPECT_LT(GetRValue(GetSysColor(COLOR_BTNFACE)), 100);
 
     CPreferences::SetColorScheme(ColorScheme::Light);
-    EXPECT_TRUE(SamePixels(light, scene.Show()));
+    EXPECT_EQ(FirstDifference(light, scene.Show()), "");
 }
 
 TEST_F(ColorSchemeTest, StrokesOfAnExpandButtonAreSeenInEitherScheme)

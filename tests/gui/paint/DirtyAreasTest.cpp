@@ -54,18 +54,12 @@ public:
 };
 
 /// Frames the cell under the pointer, as editors do, and keeps the text out of it.
-class HotCellEditor : public IEditInPlace
+class HotCellEditor : public PaintingEditor
 {
 public:
     int hotRow = 0;
     long hotFid = 0;
 
-    bool AutoDelete() const override { return false; }
-    bool CanBeginEdit(CEditInPlaceContext const& /*context*/, StartReason /*reason*/) const override { return false; }
-    bool AttachControl(CEditInPlaceContext& /*context*/, StartReason /*reason*/) override { return false; }
-    bool CanStopEdit(CEditInPlaceContext const& /*context*/, StopReason /*reason*/) const override { return true; }
-    void OnEndEdit(CEditInPlaceContext& /*context*/, StopReason /*reason*/, CWnd* /*control*/) override {}
-    bool Navigate(CEditInPlaceContext& /*context*/, StopReason /*reason*/) override { return false; }
     unsigned int PrePaintCell(CGridCell& cell, CPaintContext const& /*context*/, unsigned int flags) override
     {
         return IsHot(cell) ? flags & ~static_cast<unsigned int>(PaintText) : flags;
@@ -102,9 +96,9 @@ public:
     explicit RandomScene(unsigned seed)
         : m_random(seed),
           m_size(Below(180) + 60, Below(110) + 40),
+          m_pictures({12, 8}, SomePixels()),
           m_scene(m_size, {Below(110) + 1, Below(110) + 1, Below(110) + 1})
     {
-        MakePictures();
         MakeRows();
         MakeColumns();
     }
@@ -152,16 +146,14 @@ public:
     }
 
 private:
-    void MakePictures()
+    std::vector<DWORD> SomePixels()
     {
-        std::vector<DWORD> pixels(24 * 8);
+        std::vector<DWORD> pixels(24 * 8); // of two images
         for (DWORD& pixel : pixels)
         {
             pixel = static_cast<DWORD>(m_random()) | (Maybe() ? 0xFF000000U : 0U);
         }
-        m_picture.CreateBitmap(24, 8, 1, 32, pixels.data());
-        m_images.Create(12, 8, ILC_COLOR32, 2, 2);
-        m_images.Add(&m_picture, CLR_NONE);
+        return pixels;
     }
 
     void MakeRows()
@@ -234,10 +226,10 @@ private:
     void ChangeParts()
     {
         CGrid& grid = m_scene.grid;
-        m_scene.header->SetImageList(Maybe() ? &m_images : nullptr);
-        grid.SetImageList(Maybe() ? &m_images : nullptr, Maybe());
+        m_scene.header->SetImageList(Maybe() ? &m_pictures.list : nullptr);
+        grid.SetImageList(Maybe() ? &m_pictures.list : nullptr, Maybe());
         CBackgroundImage background;
-        background.SetBitmap(Below(3) == 0 ? &m_picture : nullptr);
+        background.SetBitmap(Below(3) == 0 ? &m_pictures.bitmap : nullptr);
         background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
         background.SetOpacity(static_cast<unsigned char>(Below(256)));
         grid.SetBackgroundImage(background);
@@ -269,8 +261,7 @@ private:
 
     std::mt19937 m_random;
     CSize m_size;
-    CBitmap m_picture;
-    CImageList m_images;
+    Pictures m_pictures;
     Detail::PaintBuffers m_buffers;
     CSpaciousDraw m_spacious{false};
     OwnDraw m_own;

@@ -13,6 +13,8 @@
 #include <ostrel/testing/Driver.h>
 #include <ostrel/testing/GridWindow.h>
 
+#include "PaintScene.h"
+
 using namespace Ostrel;
 using namespace Ostrel::GUI;
 using namespace Ostrel::Testing;
@@ -34,16 +36,12 @@ class ExtremeGrid
 public:
     ExtremeGrid(Driver& driver, unsigned seed) : m_random(seed), m_window(driver)
     {
-        std::vector<DWORD> const pixels(8 * 8, 0xFF2060C0);
-        m_picture.CreateBitmap(8, 8, 1, 32, pixels.data());
-        m_images.Create(8, 8, ILC_COLOR32, 1, 1);
-        m_images.Add(&m_picture, CLR_NONE);
         m_window.AddFixed({.name = "sum"});
         m_window.AddRows({"a", "b"});
         m_item = m_window.Item("a");
         m_window.AddChild("a", {.name = "child"});
         Grid().Expand(m_item, true);
-        Grid().SetImageList(&m_images, true);
+        Grid().SetImageList(&m_pictures.list, true);
         Grid().AllowHighlight(true);
         Grid().GetAppearance().EnableHorizontalLines(true);
         Grid().GetAppearance().EnableVerticalLines(true);
@@ -119,14 +117,13 @@ private:
     void SetPicture()
     {
         CBackgroundImage background;
-        background.SetBitmap(Below(2) == 0 ? &m_picture : nullptr);
+        background.SetBitmap(Below(2) == 0 ? &m_pictures.bitmap : nullptr);
         background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
         Grid().SetBackgroundImage(background);
     }
 
     std::mt19937 m_random;
-    CBitmap m_picture;
-    CImageList m_images;
+    PaintTest::Pictures m_pictures{{8, 8}, 0xFF2060C0};
     AnyHeight m_draw;
     GridWindow m_window;
     CGridItem* m_item = nullptr;

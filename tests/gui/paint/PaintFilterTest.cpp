@@ -25,10 +25,6 @@ class FullPage
 public:
     FullPage() : m_scene({kWidth, kHeight})
     {
-        std::vector<DWORD> const pixels(8 * 8, 0xFF2060C0);
-        m_picture.CreateBitmap(8, 8, 1, 32, pixels.data());
-        m_images.Create(8, 8, ILC_COLOR32, 1, 1);
-        m_images.Add(&m_picture, CLR_NONE);
         CGrid& grid = m_scene.grid;
         CGridItem* const parent = m_scene.AddRow(ScrollableRoot, "parent", 1);
         CGridItem* const child = m_scene.AddRow(parent, "child", 2);
@@ -39,9 +35,9 @@ public:
         }
         m_scene.Column(kCountFid).SetCellImageId(0);
         m_scene.Column(kCountFid).SetColumnImageId(0);
-        m_scene.header->SetImageList(&m_images);
+        m_scene.header->SetImageList(&m_pictures.list);
         m_scene.header->SetSort(0, CSortInfo(kPriceFid, false));
-        grid.SetImageList(&m_images, false);
+        grid.SetImageList(&m_pictures.list, false);
         grid.GetAppearance().EnableHorizontalLines(true);
         grid.GetAppearance().EnableVerticalLines(true);
         grid.Select(2, ScrollableContext, true);
@@ -60,8 +56,7 @@ public:
     }
 
 private:
-    CBitmap m_picture;
-    CImageList m_images;
+    Pictures m_pictures{{8, 8}, 0xFF2060C0};
     Scene m_scene;
 };
 

@@ -68,15 +68,9 @@ public:
 };
 
 /// Takes the text out of a column and writes down the cells it is told of.
-class ColumnEditor : public IEditInPlace
+class ColumnEditor : public PaintingEditor
 {
 public:
-    bool AutoDelete() const override { return false; }
-    bool CanBeginEdit(CEditInPlaceContext const& /*context*/, StartReason /*reason*/) const override { return false; }
-    bool AttachControl(CEditInPlaceContext& /*context*/, StartReason /*reason*/) override { return false; }
-    bool CanStopEdit(CEditInPlaceContext const& /*context*/, StopReason /*reason*/) const override { return true; }
-    void OnEndEdit(CEditInPlaceContext& /*context*/, StopReason /*reason*/, CWnd* /*control*/) override {}
-    bool Navigate(CEditInPlaceContext& /*context*/, StopReason /*reason*/) override { return false; }
     unsigned int PrePaintCell(CGridCell& cell, CPaintContext const& /*context*/, unsigned int flags) override
     {
         bool const isCount = cell.GetColumn() != nullptr && cell.GetColumn()->GetFid() == kCountFid;

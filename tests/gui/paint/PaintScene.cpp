@@ -22,9 +22,18 @@ Common::CFieldMap const* Row::GetFieldMap() const
     return map.get();
 }
 
+namespace
+{
+int g_scenes = 0; ///< that exist
+}
+
 Scene::Scene(CSize clientSize, std::vector<int> const& widths) : header(new GUI::CHeader)
 {
-    Platform::HeadlessDisplay::OfThread();
+    if (g_scenes++ == 0)
+    {
+        // One that keeps what was presented: what was drawn and not presented is missing there.
+        Platform::SetThreadDisplay(std::make_unique<Platform::HeadlessDisplay>());
+    }
     m_frame.SetAutoDelete(false);
     m_frame.Create(nullptr, "scene", WS_OVERLAPPEDWINDOW, CRect(0, 0, clientSize.cx, clientSize.cy));
     grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, clientSize.cx, clientSize.cy), &m_frame, 1);
@@ -46,6 +55,7 @@ Scene::~Scene()
 {
     grid.DeleteAll(GUI::AllContexts);
     m_frame.DestroyWindow();
+    --g_scenes;
 }
 
 GUI::CGridItem* Scene::AddRow(GUI::CGridItem* parent, std::string const& name, long count)
@@ -96,6 +106,18 @@ Platform::Surface Scene::Shown()
     shown.CopyFrom(frame->Pixels(), window, CPoint(0, 0));
     return shown;
 }
+
+Pictures::Pictures(CSize imageSize, std::vector<DWORD> const& pixels)
+{
+    int const count = static_cast<int>(pixels.size()) / (imageSize.cx * imageSize.cy);
+    bitmap.CreateBitmap(count * imageSize.cx, imageSize.cy, 1, 32, pixels.data());
+    list.Create(imageSize.cx, imageSize.cy, ILC_COLOR32, count, count);
+    list.Add(&bitmap, CLR_NONE);
+}
+
+Pictures::Pictures(CSize imageSize, DWORD pixel)
+    : Pictures(imageSize, std::vector<DWORD>(static_cast<std::size_t>(imageSize.cx) * imageSize.cy, pixel))
+{}
 
 std::string FirstDifference(Platform::Surface const& a, Platform::Surface const& b)
 {

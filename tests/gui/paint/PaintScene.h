@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <ostrel/common/dataobject/DataObject.h>
+#include <ostrel/gui/edit/IEditInPlace.h>
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/GridItem.h>
 #include <ostrel/gui/header/Column.h>
@@ -13,7 +14,9 @@
 #include <ostrel/gui/paint/Appearance.h>
 #include <ostrel/gui/paint/HighlightSettings.h>
 #include <ostrel/gui/paint/detail/GridPainter.h>
+#include <ostrel/platform/drawing/Bitmap.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
+#include <ostrel/platform/drawing/ImageList.h>
 #include <ostrel/platform/window/FrameWnd.h>
 
 namespace PaintTest
@@ -75,6 +78,32 @@ public:
 private:
     CFrameWnd m_frame;
     std::vector<std::unique_ptr<Row>> m_rows;
+};
+
+/// A bitmap, and a list of the images of one size that lie in it side by side.
+struct Pictures
+{
+    /// As many images as the pixels, from the top down, make.
+    Pictures(CSize imageSize, std::vector<DWORD> const& pixels);
+    /// One image of one colour.
+    Pictures(CSize imageSize, DWORD pixel);
+
+    CBitmap bitmap;
+    CImageList list;
+};
+
+/// An editor that lets nothing be edited, for what editors do to the painting of cells.
+class PaintingEditor : public Ostrel::GUI::IEditInPlace
+{
+public:
+    using Context = Ostrel::GUI::CEditInPlaceContext;
+
+    bool AutoDelete() const override { return false; }
+    bool CanBeginEdit(Context const& /*context*/, StartReason /*reason*/) const override { return false; }
+    bool AttachControl(Context& /*context*/, StartReason /*reason*/) override { return false; }
+    bool CanStopEdit(Context const& /*context*/, StopReason /*reason*/) const override { return true; }
+    void OnEndEdit(Context& /*context*/, StopReason /*reason*/, CWnd* /*control*/) override {}
+    bool Navigate(Context& /*context*/, StopReason /*reason*/) override { return false; }
 };
 
 /// Empty when both are alike, else where the first pixel is that differs.

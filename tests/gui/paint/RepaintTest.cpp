@@ -29,6 +29,7 @@ class RandomUser
 public:
     explicit RandomUser(unsigned seed)
         : m_random(seed),
+          m_pictures({12, 8}, SomePixels()),
           m_scene(CSize(Below(160) + 90, Below(110) + 60), {Below(90) + 10, Below(90) + 10, Below(90) + 10})
     {
         CAppearance appearance;
@@ -43,11 +44,6 @@ public:
         CFont font;
         font.CreatePointFont(60 + 10 * Below(6), "DejaVu Sans");
         m_scene.grid.SetFont(&font);
-        std::vector<DWORD> pixels(12 * 8);
-        std::generate(pixels.begin(), pixels.end(), [this] { return 0xFF000000U | static_cast<DWORD>(m_random()); });
-        m_picture.CreateBitmap(12, 8, 1, 32, pixels.data());
-        m_images.Create(12, 8, ILC_COLOR32, 1, 1);
-        m_images.Add(&m_picture, CLR_NONE);
         m_scene.Column(kCountFid).SetCellImageId(0);
         for (int row = Below(25); row > 0; --row)
         {
@@ -67,6 +63,13 @@ public:
     [[nodiscard]] int LastAction() const { return m_last; }
 
 private:
+    std::vector<DWORD> SomePixels()
+    {
+        std::vector<DWORD> pixels(12 * 8);
+        std::generate(pixels.begin(), pixels.end(), [this] { return 0xFF000000U | static_cast<DWORD>(m_random()); });
+        return pixels;
+    }
+
     enum Action
     {
         ScrollDown,
@@ -181,13 +184,13 @@ private:
             CPreferences::SetColorScheme(Maybe() ? Platform::ColorScheme::Light : Platform::ColorScheme::Dark);
             break;
         case ChangePicture:
-            background.SetBitmap(Below(3) == 0 ? &m_picture : nullptr);
+            background.SetBitmap(Below(3) == 0 ? &m_pictures.bitmap : nullptr);
             background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
             background.SetOpacity(static_cast<unsigned char>(Below(256)));
             grid.SetBackgroundImage(background);
             break;
         case ChangeImages:
-            grid.SetImageList(Maybe() ? &m_images : nullptr, Maybe());
+            grid.SetImageList(Maybe() ? &m_pictures.list : nullptr, Maybe());
             grid.SetCustomDraw(Maybe() ? &m_spacious : nullptr);
             break;
         default:
@@ -200,8 +203,7 @@ private:
     }
 
     std::mt19937 m_random;
-    CBitmap m_picture;
-    CImageList m_images;
+    Pictures m_pictures;
     CSpaciousDraw m_spacious{false};
     Scene m_scene;
     Action m_last = Wait;

@@ -112,17 +112,12 @@ TEST_F(SpaciousDrawTest, TreeLinesLeadToTheButtonAndNotIntoIt)
 
 TEST_F(SpaciousDrawTest, ImagesOfTheirOwnSizeStandInTheMiddle)
 {
-    CBitmap picture;
-    std::vector<DWORD> const red(8 * 4, 0xFFFF0000);
-    picture.CreateBitmap(8, 4, 1, 32, red.data());
-    CImageList images;
-    images.Create(8, 4, ILC_COLOR32, 1, 1);
-    images.Add(&picture, CLR_NONE);
+    Pictures red({8, 4}, 0xFFFF0000);
 
     scene.HideText();
     scene.AddRow();
     scene.Column(kCountFid).SetCellImageId(0);
-    scene.grid.SetImageList(&images, false);
+    scene.grid.SetImageList(&red.list, false);
     EXPECT_EQ(PixelsRight(scene.Paint(), {100, kHeaderHeight + kHigh / 2}, kHigh, RGB(255, 0, 0)),
               ".......########.......");
 }
