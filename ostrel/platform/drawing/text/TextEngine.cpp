@@ -63,8 +63,8 @@ std::vector<Cut> CutsOf(PangoLayout* layout, std::string_view text)
         auto const* const run = static_cast<PangoGlyphItem const*>(link->data);
         for (int i = 0; i < run->glyphs->num_glyphs; ++i)
         {
-            auto const from = static_cast<std::size_t>(run->item->offset + run->glyphs->log_clusters[i]);
-            widthsFrom[from] += run->glyphs->glyphs[i].geometry.width;
+            int const from = run->item->offset + run->glyphs->log_clusters[i];
+            widthsFrom[static_cast<std::size_t>(from)] += run->glyphs->glyphs[i].geometry.width;
         }
     }
     int count = 0;
