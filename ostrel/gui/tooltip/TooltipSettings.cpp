@@ -19,9 +19,8 @@ void CTooltipSettings::Serialize(CArchive& archive)
 
 void CTooltipSettings::Store(CArchive& archive) const
 {
-    archive << GetSerializeVertion() << static_cast<COLORREF>(GetBackColor()) << static_cast<COLORREF>(GetTextColor())
-            << static_cast<COLORREF>(GetBorderColor()) << m_delayMs << m_disappearDelayMs
-            << static_cast<INT>(m_toolTipOffset.cx) << static_cast<INT>(m_toolTipOffset.cy)
+    archive << GetSerializeVertion() << m_backColor.Get() << m_textColor.Get() << m_borderColor.Get() << m_delayMs
+            << m_disappearDelayMs << static_cast<INT>(m_toolTipOffset.cx) << static_cast<INT>(m_toolTipOffset.cy)
             << static_cast<INT>(m_textMargin.cx) << static_cast<INT>(m_textMargin.cy) << static_cast<int>(m_position)
             << static_cast<int>(m_mode);
 }
@@ -40,18 +39,9 @@ void CTooltipSettings::Load(CArchive& archive)
     int mode = 0;
     archive >> back >> text >> border >> loaded.m_delayMs >> loaded.m_disappearDelayMs >> loaded.m_toolTipOffset.cx >>
         loaded.m_toolTipOffset.cy >> loaded.m_textMargin.cx >> loaded.m_textMargin.cy >> position >> mode;
-    if (back != loaded.GetBackColor())
-    {
-        loaded.SetBackColor(back);
-    }
-    if (text != loaded.GetTextColor())
-    {
-        loaded.SetTextColor(text);
-    }
-    if (border != loaded.GetBorderColor())
-    {
-        loaded.SetBorderColor(border);
-    }
+    loaded.m_backColor.SetUnlessSame(back);
+    loaded.m_textColor.SetUnlessSame(text);
+    loaded.m_borderColor.SetUnlessSame(border);
     loaded.m_position = static_cast<Position>(position);
     loaded.m_mode = static_cast<Mode>(mode);
     *this = loaded;

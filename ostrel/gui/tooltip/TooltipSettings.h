@@ -39,19 +39,19 @@ public:
 
     ///@{
     /// The background, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor.Get(COLOR_INFOBK); }
+    [[nodiscard]] unsigned long GetBackColor() const noexcept { return m_backColor.Get(); }
     void SetBackColor(unsigned long color) noexcept { m_backColor.Set(color); }
     ///@}
 
     ///@{
     /// The text, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor.Get(COLOR_INFOTEXT); }
+    [[nodiscard]] unsigned long GetTextColor() const noexcept { return m_textColor.Get(); }
     void SetTextColor(unsigned long color) noexcept { m_textColor.Set(color); }
     ///@}
 
     ///@{
     /// The frame, 0x00BBGGRR.
-    [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor.Get(COLOR_ACTIVEBORDER); }
+    [[nodiscard]] unsigned long GetBorderColor() const noexcept { return m_borderColor.Get(); }
     void SetBorderColor(unsigned long color) noexcept { m_borderColor.Set(color); }
     ///@}
 
@@ -91,7 +91,7 @@ public:
     void SetMode(Mode mode) noexcept { m_mode = mode; }
     ///@}
 
-    /// Equality of all settings; a colour that follows the scheme differs from the same colour that was set.
+    /// Equality of all settings as they are at the moment.
     friend bool operator==(CTooltipSettings const&, CTooltipSettings const&) noexcept = default;
 
     /// Stores or loads 48 bytes: the 32-bit version, then the fields in the order above, a byte for a switch and 32
@@ -106,19 +106,27 @@ private:
     void Store(CArchive& archive) const;
     void Load(CArchive& archive);
 
-    /// A colour of the application's, or none: a system colour then.
+    /// A colour of the application's, or none: the system's then.
     struct Color
     {
-        [[nodiscard]] COLORREF Get(int systemColor) const noexcept { return value.value_or(GetSysColor(systemColor)); }
-        void Set(unsigned long color) noexcept { value = static_cast<COLORREF>(color); }
-        friend bool operator==(Color const&, Color const&) noexcept = default;
+        [[nodiscard]] COLORREF Get() const noexcept { return own.value_or(GetSysColor(systemColor)); }
+        void Set(unsigned long color) noexcept { own = static_cast<COLORREF>(color); }
+        void SetUnlessSame(COLORREF color) noexcept
+        {
+            if (color != Get())
+            {
+                own = color;
+            }
+        }
+        friend bool operator==(Color const& a, Color const& b) noexcept { return a.Get() == b.Get(); }
 
-        std::optional<COLORREF> value;
+        int systemColor; ///< COLOR_*
+        std::optional<COLORREF> own;
     };
 
-    Color m_backColor;
-    Color m_textColor;
-    Color m_borderColor;
+    Color m_backColor{COLOR_INFOBK, {}};
+    Color m_textColor{COLOR_INFOTEXT, {}};
+    Color m_borderColor{COLOR_ACTIVEBORDER, {}};
     INT m_delayMs = 500;
     INT m_disappearDelayMs = 10000;
     CSize m_toolTipOffset{0, 0};

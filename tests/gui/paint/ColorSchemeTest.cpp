@@ -98,6 +98,8 @@ TEST_F(ColorSchemeTest, ArchivesHoldTheLightAppearance)
 TEST_F(ColorSchemeTest, TipsFollowUntilTheirColoursAreSet)
 {
     CTooltipSettings tip;
+    tip.SetTextColor(tip.GetTextColor());
+    EXPECT_EQ(tip, CTooltipSettings()) << "set, but to the same colour";
     tip.SetBorderColor(RGB(1, 2, 3));
     ASSERT_EQ(Testing::Load(tip, Testing::Store(tip)), Testing::kLoaded);
     CPreferences::SetColorScheme(ColorScheme::Dark);
