@@ -14,23 +14,49 @@ using Ostrel::Platform::Scaled;
 namespace
 {
 
-/// Sets a metal's stock: a bar that is filled up to where the user clicks or drags.
-class CSlider : public CWnd
+/// A window over a cell that shows and sets a metal's stock.
+class CStockControl : public CWnd
 {
 public:
-    CSlider(CGrid& grid, CMetal& metal) : m_metal(metal)
+    CStockControl(CGrid& grid, CMetal& metal, CSize size) : m_metal(metal)
     {
-        Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(), &grid, 0);
+        Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(CPoint(), size), &grid, 0);
     }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message != WM_PAINT)
+        {
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+        CPaintDC dc(this);
+        CRect rect;
+        GetClientRect(&rect);
+        dc.FillSolidRect(rect, GetSysColor(COLOR_WINDOW));
+        Paint(dc, rect);
+        return 0;
+    }
+
+    virtual void Paint(CDC& dc, CRect rect) = 0;
+
+    [[nodiscard]] CMetal& Metal() const { return m_metal; }
+
+private:
+    CMetal& m_metal;
+};
+
+/// A bar that is filled up to where the user clicks or drags.
+class CSlider : public CStockControl
+{
+public:
+    CSlider(CGrid& grid, CMetal& metal) : CStockControl(grid, metal, CSize()) {}
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
         switch (message)
         {
-        case WM_PAINT:
-            Paint();
-            return 0;
         case WM_LBUTTONDOWN:
             SetCapture();
             Follow(CPoint(lParam).x);
@@ -45,8 +71,18 @@ protected:
             ReleaseCapture();
             return 0;
         default:
-            return CWnd::WindowProc(message, wParam, lParam);
+            return CStockControl::WindowProc(message, wParam, lParam);
         }
+    }
+
+    void Paint(CDC& dc, CRect rect) override
+    {
+        rect.DeflateRect(Scaled(6), rect.Height() / 2 - Scaled(2));
+        dc.FillSolidRect(rect, GetSysColor(COLOR_BTNSHADOW));
+        rect.right = rect.left + rect.Width() * static_cast<int>(Metal().GetStock()) / 100;
+        dc.FillSolidRect(rect, GetSysColor(COLOR_HIGHLIGHT));
+        CRect thumb(CPoint(rect.right - Scaled(3), rect.top - Scaled(4)), CSize(Scaled(6), Scaled(12)));
+        dc.FillSolidRect(thumb, GetSysColor(COLOR_HOTLIGHT));
     }
 
 private:
@@ -54,67 +90,36 @@ private:
     {
         CRect client;
         GetClientRect(&client);
-        m_metal.SetStock(std::clamp(x * 100 / std::max(client.Width(), 1), 0, 100));
+        Metal().SetStock(std::clamp(x * 100 / std::max(client.Width(), 1), 0, 100));
         Invalidate();
     }
-
-    void Paint()
-    {
-        CPaintDC dc(this);
-        CRect rect;
-        GetClientRect(&rect);
-        dc.FillSolidRect(rect, GetSysColor(COLOR_WINDOW));
-        rect.DeflateRect(Scaled(6), rect.Height() / 2 - Scaled(2));
-        dc.FillSolidRect(rect, GetSysColor(COLOR_BTNSHADOW));
-        rect.right = rect.left + rect.Width() * static_cast<int>(m_metal.GetStock()) / 100;
-        dc.FillSolidRect(rect, GetSysColor(COLOR_HIGHLIGHT));
-        CRect thumb(CPoint(rect.right - Scaled(3), rect.top - Scaled(4)), CSize(Scaled(6), Scaled(12)));
-        dc.FillSolidRect(thumb, GetSysColor(COLOR_HOTLIGHT));
-    }
-
-    CMetal& m_metal;
 };
 
-/// A button that fills up a metal's stock.
-class CFillButton : public CWnd
+/// A button that fills up the stock.
+class CFillButton : public CStockControl
 {
 public:
-    CFillButton(CGrid& grid, CMetal& metal) : m_metal(metal)
-    {
-        Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, Scaled(44), Scaled(20)), &grid, 0);
-    }
+    CFillButton(CGrid& grid, CMetal& metal) : CStockControl(grid, metal, CSize(Scaled(44), Scaled(20))) {}
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        switch (message)
+        if (message == WM_LBUTTONDOWN)
         {
-        case WM_PAINT:
-            Paint();
+            Metal().SetStock(100);
             return 0;
-        case WM_LBUTTONDOWN:
-            m_metal.SetStock(100);
-            return 0;
-        default:
-            return CWnd::WindowProc(message, wParam, lParam);
         }
+        return CStockControl::WindowProc(message, wParam, lParam);
     }
 
-private:
-    void Paint()
+    void Paint(CDC& dc, CRect rect) override
     {
-        CPaintDC dc(this);
-        CRect rect;
-        GetClientRect(&rect);
-        dc.FillSolidRect(rect, GetSysColor(COLOR_WINDOW));
         dc.DrawFrameControl(&rect, DFC_BUTTON, DFCS_BUTTONPUSH);
         dc.SelectObject(Ostrel::GUI::CPreferences::GetFont());
         dc.SetBkMode(TRANSPARENT);
         dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
         dc.DrawText(std::string_view("Fill"), rect, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
     }
-
-    CMetal& m_metal;
 };
 
 class CControlsPage : public CPage
