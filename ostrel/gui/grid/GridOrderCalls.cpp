@@ -383,7 +383,14 @@ int CGrid::GetLastVisibleRow(ContextType type) const
 
 void CGrid::SetFirstVisibleRow(int row)
 {
-    m_core->Thread().Call<GridOperation::SetFirstVisibleRow>([&]() { m_core->Scroller().SetFirstRow(row); });
+    m_core->Thread().Call<GridOperation::SetFirstVisibleRow>(
+        [&]()
+        {
+            if (m_core->ItemAt(row, ScrollableContext) != nullptr)
+            {
+                m_core->Scroller().SetFirstRow(row);
+            }
+        });
 }
 
 void CGrid::SetFirstVisibleItem(CGridItem* item)

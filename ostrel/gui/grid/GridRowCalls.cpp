@@ -378,17 +378,18 @@ int CGrid::GetTimeElapsedSinceLastUpdate(int row, ContextType type, long fid) co
 
 void CGrid::InvalidateRow(CGridItem* item, int delayMs)
 {
-    InvalidateCell(item, Detail::kNoField, delayMs);
+    m_core->Thread().Call<GridOperation::InvalidateRow>([&]() { InvalidateCell(item, Detail::kNoField, delayMs); });
 }
 
 void CGrid::InvalidateRow(int row, ContextType type, int delayMs)
 {
-    InvalidateCell(row, type, Detail::kNoField, delayMs);
+    m_core->Thread().Call<GridOperation::InvalidateRow>([&]()
+                                                        { InvalidateCell(row, type, Detail::kNoField, delayMs); });
 }
 
 void CGrid::InvalidateRow(CDataObject const* object, int delayMs)
 {
-    InvalidateCell(object, Detail::kNoField, delayMs);
+    m_core->Thread().Call<GridOperation::InvalidateRow>([&]() { InvalidateCell(object, Detail::kNoField, delayMs); });
 }
 
 void CGrid::InvalidateCell(CGridItem* item, long fid, int delayMs)

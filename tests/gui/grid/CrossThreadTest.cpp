@@ -4,6 +4,7 @@
 #include <thread>
 
 #include <ostrel/common/value/Value.h>
+#include <ostrel/gui/grid/Hooker.h>
 #include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/header/Column.h>
@@ -104,6 +105,47 @@ TEST_F(CrossThreadTest, MessagesThatCarryNoCallAnswerZero)
         EXPECT_EQ(Grid().SendMessage(message, code, 0), 0) << code;
         EXPECT_EQ(Grid().SendMessage(message, code, 0x1234), 0) << code;
     }
+}
+
+/// The codes of the calls that come to a grid, with what they answer.
+class CallLog : public CHooker
+{
+public:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        LRESULT const answer = CHooker::WindowProc(message, wParam, lParam);
+        if (message == m_message)
+        {
+            calls.emplace_back(wParam, answer);
+        }
+        return answer;
+    }
+
+    std::vector<std::pair<WPARAM, LRESULT>> calls;
+
+private:
+    UINT const m_message = RegisterWindowMessage("Ostrel.Grid.SyncMessage");
+};
+
+TEST_F(CrossThreadTest, CallsHaveTheirCodeAndAnswerTheirResult)
+{
+    grid.AddRows({"a", "b", "c"});
+    CGridItem* const b = Item("b");
+    CallLog log;
+    log.Hook(Grid());
+    OnWorker(
+        [&]()
+        {
+            Grid().GetRowCount(ScrollableContext);
+            Grid().GetItem(1, ScrollableContext);
+            Grid().GetFocusedRow();
+            Grid().InvalidateRow(b, 0);
+            Grid().InvalidateCell(b, kPrice, 0);
+            Grid().GetContextVisibleRect(ScrollableContext);
+        });
+    std::vector<std::pair<WPARAM, LRESULT>> const expected{
+        {34, 3}, {27, reinterpret_cast<LRESULT>(b)}, {64, -1}, {78, 0}, {79, 0}, {38, 0}};
+    EXPECT_EQ(log.calls, expected);
 }
 
 TEST_F(CrossThreadTest, RowsAddedElsewhereAreLaidOutTogetherLater)

@@ -389,9 +389,12 @@ void GridModelTest::Focus()
 void GridModelTest::Scroll()
 {
     ModelSide& side = PickSide();
-    int const row = Pick(40);
+    int const row = Pick(40) - 1;
     Do([row, &grid = side.Grid()]() { grid.SetFirstVisibleRow(row); });
-    side.SetFirstRow(row);
+    if (row >= 0 && row < std::ssize(side.scrollable.VisibleRows()))
+    {
+        side.SetFirstRow(row);
+    }
 }
 
 void GridModelTest::ChangeView()

@@ -47,9 +47,14 @@ TEST_F(ScrollingTest, LinesPagesAndEnds)
     EXPECT_EQ(First(), 0);
     Grid().SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 20));
     EXPECT_EQ(First(), 20);
-    Grid().SetFirstVisibleRow(1000);
-    EXPECT_EQ(First(), 100 - page);
-    Grid().SetFirstVisibleRow(-3);
+    Grid().SetFirstVisibleRow(99);
+    EXPECT_EQ(First(), 100 - page) << "the last page stays full";
+    for (int const row : {100, -1})
+    {
+        Grid().SetFirstVisibleRow(row);
+        EXPECT_EQ(First(), 100 - page) << "there is no such row";
+    }
+    Grid().SetFirstVisibleRow(0);
     grid.Wheel(-1);
     EXPECT_EQ(First(), 3);
     grid.Wheel(2);
@@ -137,6 +142,11 @@ TEST_F(ScrollingTest, ScrollsIntoViewJustEnoughAndMergesUntilThePaint)
     EXPECT_EQ(First(), 89 - page + 1) << "the last one wins, and goes by its row";
     Grid().EnsureVisible(10);
     EXPECT_EQ(First(), 10) << "painted meanwhile";
+    Grid().EnsureVisible(80);
+    Grid().UpdateWindow();
+    Grid().EnsureVisible(5);
+    driver.Advance(20);
+    EXPECT_EQ(First(), 5) << "what was wished before the paint counts no more";
 }
 
 TEST_F(ScrollingTest, ARecordedRowThatGoesIsForgotten)

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include <ostrel/gui/detail/ArchiveVersion.h>
 #include <ostrel/gui/grid/detail/GridArchive.h>
@@ -27,7 +28,10 @@ LOGFONT LoadFont(CArchive& archive)
     archive >> font.lfItalic >> font.lfUnderline >> font.lfStrikeOut >> font.lfCharSet >> font.lfOutPrecision >>
         font.lfClipPrecision >> font.lfQuality >> font.lfPitchAndFamily;
     archive.EnsureRead(font.lfFaceName, LF_FACESIZE);
-    font.lfFaceName[LF_FACESIZE - 1] = 0;
+    if (std::ranges::find(font.lfFaceName, '\0') == std::end(font.lfFaceName))
+    {
+        font.lfFaceName[LF_FACESIZE - 1] = '\0';
+    }
     return font;
 }
 

@@ -32,6 +32,7 @@ CHeader* GridColumns::SetHeader(CHeader* header)
         header->Subscribe(this);
     }
     m_height = header != nullptr ? header->GetHeaderHeight() : 0;
+    m_core.Looks().RebuildBuffers();
     m_core.Sorting().Update();
     LayOutAnew();
     return previous;

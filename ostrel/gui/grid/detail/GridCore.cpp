@@ -202,8 +202,7 @@ LRESULT GridCore::OnSyncMessage(WPARAM code, LPARAM argument)
         m_scroller.OnPostedUpdateBars();
         break;
     default:
-        GridThread::Run(reinterpret_cast<CarriedCall const*>(argument));
-        break;
+        return GridThread::Run(reinterpret_cast<CarriedCall const*>(argument));
     }
     return 0;
 }

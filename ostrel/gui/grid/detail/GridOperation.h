@@ -1,5 +1,6 @@
-// The operation codes of the message that carries a grid call to the grid's thread: its wParam. Every message answers
-// 0; one that no waiting call has sent does nothing else.
+// The operation codes of the message that carries a grid call to the grid's thread: its wParam. The message answers the
+// result of the call, 0 where that is no number and no pointer. A message that no waiting call has sent does nothing
+// and answers 0.
 #pragma once
 
 #include <ostrel/platform/base/Types.h>

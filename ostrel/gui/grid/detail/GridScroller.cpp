@@ -185,6 +185,7 @@ void GridScroller::EnsureVisible(int row)
         m_core.Grid().SetTimer(EnsureVisibleTimer, kShortDelayMs);
         return;
     }
+    ForgetTarget();
     int const before = m_firstRow;
     SetFirstRow(m_core.View().Geometry().FirstRowToShow(row));
     m_hasScrolledIntoView = m_firstRow != before && m_core.Grid().GetSafeHwnd() != nullptr;
@@ -202,6 +203,17 @@ void GridScroller::EnsureVisible(CGridItem& item)
     if (isRecorded)
     {
         m_targetItem = &item;
+    }
+}
+
+// The last wish counts: what was recorded before the paint is none any more.
+void GridScroller::ForgetTarget()
+{
+    if (m_targetRow >= 0)
+    {
+        m_core.Grid().KillTimer(EnsureVisibleTimer);
+        m_targetItem = nullptr;
+        m_targetRow = -1;
     }
 }
 

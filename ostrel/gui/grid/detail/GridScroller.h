@@ -56,6 +56,7 @@ public:
 private:
     [[nodiscard]] int ThumbPosition(int bar, int thumb) const;
     void ApplyFirstRow(int row);
+    void ForgetTarget();
     void ScrollPixels(int rowsUp);
     void UpdateVerticalBar();
     void UpdateHorizontalBar();

@@ -4,12 +4,13 @@
 
 namespace Ostrel::GUI::Detail
 {
-void CarriedCall::Run() noexcept
+LRESULT CarriedCall::Run() noexcept
 {
+    LRESULT answer = 0;
     try
     {
         Platform::CallbackErrors errors;
-        m_runner(m_callable);
+        answer = m_runner(m_callable);
         errors.Rethrow();
     }
     catch (...)
@@ -17,6 +18,7 @@ void CarriedCall::Run() noexcept
         m_error = std::current_exception();
     }
     m_hasRun = true;
+    return answer;
 }
 
 bool CarriedCall::Finish() const
@@ -86,12 +88,10 @@ bool GridThread::Post(GridOperation code, LPARAM argument) const
     return window != nullptr && PostMessage(window, Message(), static_cast<WPARAM>(code), argument) != FALSE;
 }
 
-void GridThread::Run(CarriedCall const* call)
+LRESULT GridThread::Run(CarriedCall const* call)
 {
-    if (CarriedCall* const waiting = WaitingCalls::Instance().Take(call))
-    {
-        waiting->Run();
-    }
+    CarriedCall* const waiting = WaitingCalls::Instance().Take(call);
+    return waiting != nullptr ? waiting->Run() : 0;
 }
 
 // The grid may have gone when SendMessage returns: from there on only the call is touched.

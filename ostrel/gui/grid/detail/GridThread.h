@@ -25,12 +25,12 @@ namespace Ostrel::GUI::Detail
 class CarriedCall
 {
 public:
-    using Runner = void (*)(void* callable);
+    using Runner = LRESULT (*)(void* callable);
 
     CarriedCall(Runner runner, void* callable) noexcept : m_runner(runner), m_callable(callable) {}
 
-    /// Grid thread only. Keeps what the callable throws.
-    void Run() noexcept;
+    /// Grid thread only. Returns the answer of the message. Keeps what the callable throws.
+    LRESULT Run() noexcept;
     /// On the caller's thread, after the wait: throws what the callable threw. False when it never ran.
     [[nodiscard]] bool Finish() const;
 
@@ -75,7 +75,7 @@ public:
             return result;
         }
         std::optional<Result> result;
-        auto carried = [&]() { result.emplace(static_cast<Result>(callable())); };
+        auto carried = [&]() { return AnswerOf(result.emplace(static_cast<Result>(callable()))); };
         return Carry(Code, carried) ? std::move(*result) : std::move(neutral);
     }
     template <GridOperation Code, class Callable>
@@ -88,12 +88,16 @@ public:
             errors.Rethrow();
             return;
         }
-        auto carried = [&]() { callable(); };
+        auto carried = [&]() -> LRESULT
+        {
+            callable();
+            return 0;
+        };
         static_cast<void>(Carry(Code, carried));
     }
 
-    /// Grid thread only. Runs a call that waits; does nothing for any other address.
-    static void Run(CarriedCall const* call);
+    /// Grid thread only. Runs a call that waits; does nothing and returns 0 for any other address.
+    static LRESULT Run(CarriedCall const* call);
 
     /// Does not wait. False when the window is gone.
     bool Post(GridOperation code, LPARAM argument = 0) const;
@@ -102,10 +106,28 @@ public:
     static UINT Message();
 
 private:
+    /// A result as the answer of the message, as far as it fits in.
+    template <class Result>
+    static LRESULT AnswerOf(Result const& result) noexcept
+    {
+        if constexpr (std::is_pointer_v<Result>)
+        {
+            return reinterpret_cast<LRESULT>(result);
+        }
+        else if constexpr (std::is_integral_v<Result> || std::is_enum_v<Result>)
+        {
+            return static_cast<LRESULT>(result);
+        }
+        else
+        {
+            return 0;
+        }
+    }
+
     template <class Callable>
     bool Carry(GridOperation code, Callable& callable) const
     {
-        CarriedCall call([](void* pointer) { (*static_cast<Callable*>(pointer))(); }, &callable);
+        CarriedCall call([](void* pointer) { return (*static_cast<Callable*>(pointer))(); }, &callable);
         Send(code, call);
         return call.Finish();
     }
