@@ -1,11 +1,9 @@
 // Other threads that call the grid, change its objects and destroy them.
 #include <atomic>
-#include <stdexcept>
 #include <thread>
 
 #include <ostrel/common/value/Value.h>
 #include <ostrel/gui/grid/Hooker.h>
-#include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/header/Column.h>
 
@@ -62,21 +60,6 @@ TEST_F(CrossThreadTest, AWindowThatWasThereBeforeItsObjectTakesCallsToo)
     OnWorker([&]() { EXPECT_NE(late.Add(&object, ScrollableRoot, LastPosition), nullptr); });
     EXPECT_EQ(late.GetContextVisibleRect(ScrollableContext), CRect(0, 0, 200, 90));
     EXPECT_EQ(late.GetLastVisibleRow(ScrollableContext), 0);
-}
-
-TEST_F(CrossThreadTest, ExceptionsComeBackToTheCaller)
-{
-    class ThrowingFilter : public IGridFilter
-    {
-    public:
-        bool AutoDelete() const override { return false; }
-        bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject*) override { throw std::runtime_error("no answer"); }
-    };
-    grid.AddRows({"a"});
-    ThrowingFilter filter;
-    OnWorker([&]() { EXPECT_THROW(Grid().SetFilter(&filter), std::runtime_error); });
-    Grid().SetFilter(nullptr);
-    EXPECT_EQ(grid.RowsText(), "rows=a");
 }
 
 TEST_F(CrossThreadTest, AWindowThatIsGoneGivesTheNeutralResult)

@@ -4,7 +4,6 @@
 
 #include <ostrel/gui/edit/EmbeddedControlAdapter.h>
 #include <ostrel/gui/edit/UserInputHelper.h>
-#include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/paint/Appearance.h>
 #include <ostrel/gui/paint/MsImg32.h>
 #include <ostrel/gui/paint/PaintFilter.h>
@@ -255,19 +254,9 @@ TEST_F(EmbeddedControlTest, GoesAwayWhileItsCellIsOutOfSight)
     EXPECT_EQ(PlaceOf(late), CRect(CPoint(-10000, -10000), CSize(12, 12)));
 }
 
-class HidesOddRows : public GUI::IGridFilter
-{
-public:
-    bool AutoDelete() const override { return false; }
-    bool IsFiltered(GUI::CGrid* /*grid*/, CGridItem* /*item*/, Common::CDataObject* object) override
-    {
-        return static_cast<TestObject*>(object)->GetQuantity() % 2 == 1;
-    }
-};
-
 TEST_F(EmbeddedControlTest, IsHiddenWithItsRow)
 {
-    HidesOddRows filter;
+    HideIf filter([](TestObject& object) { return object.GetQuantity() % 2 == 1; });
     TestObject& child = grid.AddChild("row0", {.name = "child", .quantity = 1});
     Grid().Expand(Item("row0"), false);
     CEmbeddedControlAdapter* const adapter = Attach("child");

@@ -5,11 +5,7 @@
 #include <map>
 #include <random>
 
-#include <gtest/gtest.h>
-
-#include <ostrel/gui/grid/IGridFilter.h>
-#include <ostrel/testing/Workers.h>
-
+#include "GridFixture.h"
 #include "ModelSide.h"
 
 namespace Ostrel::Testing
@@ -29,20 +25,10 @@ using GUI::Detail::ReferenceRows;
 
 inline constexpr long kKeyFields[] = {TestObject::Quantity, TestObject::Volume};
 
-class RemainderFilter : public IGridFilter
+inline HideIf RemainderFilter(int hiddenRemainder)
 {
-public:
-    explicit RemainderFilter(int hiddenRemainder) : m_hiddenRemainder(hiddenRemainder) {}
-
-    bool AutoDelete() const override { return false; }
-    bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject* object) override
-    {
-        return object->GetLong(kKeyFields[0]) % 3 == m_hiddenRemainder;
-    }
-
-private:
-    int m_hiddenRemainder;
-};
+    return HideIf([hiddenRemainder](TestObject& object) { return object.GetQuantity() % 3 == hiddenRemainder; });
+}
 
 class GridModelTest : public testing::TestWithParam<unsigned>
 {
@@ -136,6 +122,11 @@ protected:
     void Type();
     void ClickCaption();
     void WorkTogether();
+    void Interfere();
+    /// Something that a handler of notifications might do, with no regard to the model.
+    void DoAnything(ModelSide& side);
+    /// Takes over what the grids hold.
+    void Adopt();
     void Step();
     void Check(ModelSide& side, bool whole);
     void CheckArea(ModelSide& side, ContextType type, bool whole);
@@ -151,7 +142,7 @@ protected:
     Driver driver;
     std::vector<std::unique_ptr<TestObject>> objects; // outlive the grids' rows
     std::map<Common::CDataObject const*, std::vector<CGridItem*>> handles;
-    RemainderFilter filters[3]{RemainderFilter(0), RemainderFilter(1), RemainderFilter(2)};
+    HideIf filters[3]{RemainderFilter(0), RemainderFilter(1), RemainderFilter(2)};
     ModelSide a{driver, "A", {100, 100}};
     ModelSide b{driver, "B", {500, 100}};
     std::vector<Detached> detached;

@@ -2,6 +2,7 @@
 
 #include <ostrel/gui/grid/KeyManager.h>
 #include <ostrel/gui/grid/Preferences.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/header/SortInfo.h>
 
 #include "GridModelFixture.h"
@@ -529,6 +530,100 @@ void GridModelTest::WorkTogether()
                     }
                 });
     workers.Run();
+}
+
+// Somebody who hears of a change makes the next one while the grid is still at work.
+void GridModelTest::Interfere()
+{
+    if (objects.empty())
+    {
+        return;
+    }
+    ModelSide& side = PickSide();
+    int notificationsLeft = 1 + Pick(6);
+    side.window.Notifications().onNotification = [&](std::string const&)
+    {
+        if (--notificationsLeft == 0)
+        {
+            DoAnything(side);
+        }
+    };
+    for (ModelSide* const each : {&a, &b}) // rows that wait would move at a moment of their own
+    {
+        each->Grid().SetOrderFreeze(false);
+        each->Grid().SetOrderFreeze(true);
+        each->isFrozen = false;
+        each->postponed.clear();
+    }
+    DoAnything(side);
+    TestObject& object = *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
+    int const value = Pick(9);
+    object.SetQuantity(value);
+    for (ReferenceRows* const area : {&a.fixed, &a.scrollable, &b.fixed, &b.scrollable})
+    {
+        area->SetValue(object, 0, value);
+    }
+    driver.RunUntilIdle();
+    side.window.Notifications().onNotification = nullptr;
+    Adopt();
+}
+
+void GridModelTest::DoAnything(ModelSide& side)
+{
+    CGrid& grid = side.Grid();
+    auto const anyObject = [this]
+    { return objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))].get(); };
+    auto const anyRow = [&]
+    {
+        std::vector<CGridItem*> const rows = grid.GetHandles(anyObject(), false, AllContexts);
+        return rows.empty() ? nullptr : rows[static_cast<std::size_t>(Pick(static_cast<int>(rows.size())))];
+    };
+    CGridItem* const row = anyRow();
+    CGridItem* const parents[] = {ScrollableRoot, FixedRoot, anyRow()};
+    CGridItem* const parent = parents[Pick(3)];
+    switch (Pick(7))
+    {
+    case 0:
+        grid.Add(anyObject(), parent, Pick(2) == 0 ? anyRow() : LastPosition);
+        break;
+    case 1:
+        grid.Delete(row);
+        break;
+    case 2:
+        grid.MoveBefore(row, parent, anyRow());
+        break;
+    case 3:
+        grid.MoveAfter(row, parent, LastPosition);
+        break;
+    case 4:
+        grid.Expand(parent, Pick(2) == 0);
+        break;
+    case 5:
+        grid.Collapse(parent, Pick(2) == 0);
+        break;
+    default: {
+        int const remainder = Pick(4);
+        side.filter = remainder < 3 ? &filters[remainder] : nullptr;
+        side.fixed.hiddenRemainder = side.scrollable.hiddenRemainder = remainder < 3 ? remainder : -1;
+        grid.SetFilter(side.filter);
+        break;
+    }
+    }
+}
+
+void GridModelTest::Adopt()
+{
+    a.Adopt();
+    b.Adopt();
+    for (auto& [object, items] : handles)
+    {
+        std::erase_if(items, [](CGridItem* item) { return !GUI::Detail::ItemPool::IsLive(item); });
+        for (ModelSide* const side : {&a, &b})
+        {
+            std::ranges::copy_if(side->Grid().GetHandles(object, false, AllContexts), std::back_inserter(items),
+                                 [&](CGridItem* item) { return std::ranges::find(items, item) == items.end(); });
+        }
+    }
 }
 
 } // namespace Ostrel::Testing

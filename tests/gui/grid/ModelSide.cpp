@@ -80,6 +80,37 @@ ModelSide::ModelSide(Driver& driver, std::string const& title, CPoint position)
                 Grid().GetContextSeparatorHeight()};
 }
 
+void ModelSide::Adopt()
+{
+    for (ReferenceRows* const area : {&fixed, &scrollable})
+    {
+        std::ranges::for_each(std::exchange(area->root.children, {}), [area](auto* row) { area->Forget(*row); });
+    }
+    AdoptChildren(fixed, fixed.root, FixedRoot);
+    AdoptChildren(scrollable, scrollable.root, ScrollableRoot);
+    Sort();
+    focused = Grid().GetItem(Grid().GetFocusedRow(), Grid().GetFocusedContext());
+    firstRow = Scrolled(Grid().GetFirstVisibleRow());
+    expected.clear();
+    window.Notifications().Clear();
+}
+
+void ModelSide::AdoptChildren(ReferenceRows& area, ReferenceRow& parent, CGridItem* handle)
+{
+    for (CGridItem* const item : Grid().GetChildren(handle, false))
+    {
+        auto const& object = static_cast<TestObject&>(*item->Object());
+        ReferenceRow& row =
+            area.NewRow(item, static_cast<int>(object.GetQuantity()), static_cast<int>(object.GetVolume()));
+        row.parent = &parent;
+        parent.children.push_back(&row);
+        row.isExpanded = Grid().IsExpanded(item);
+        row.isSelected = Grid().IsSelected(item);
+        row.isVisible = parent.isVisible && parent.isExpanded && !area.IsHidden(*item);
+        AdoptChildren(area, row, item);
+    }
+}
+
 // --- What follows from a change ---
 
 ModelSide::Before ModelSide::Look(ReferenceRows const& area) const

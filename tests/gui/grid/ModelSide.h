@@ -51,6 +51,9 @@ public:
     /// Scrollable rows that fit, at least one.
     [[nodiscard]] int FittingRows() const;
     [[nodiscard]] ReferenceRow* Find(GUI::CGridItem const* item) const;
+    /// Makes the model anew from the tree of the grid, its focus and its first row; what follows from the tree follows
+    /// by the rules.
+    void Adopt();
 
     GridWindow window;
     ReferenceRows fixed;
@@ -79,6 +82,7 @@ private:
         GUI::CGridItem* first;
     };
 
+    void AdoptChildren(ReferenceRows& area, ReferenceRow& parent, GUI::CGridItem* handle);
     [[nodiscard]] Before Look(ReferenceRows const& area) const;
     void ExpectEvents(ReferenceRows& area);
     void ExpectDeletions(ReferenceRows const& area, ReferenceRow const& top);

@@ -63,30 +63,5 @@ TEST_F(OrderFreezeTest, RowsWaitForTheEndOfScrolling)
     EXPECT_EQ(grid.RowsText(), "rows=c,a,b");
 }
 
-TEST_F(OrderFreezeTest, RowsThatGoMeanwhileStayGone)
-{
-    driver.Press(Grid(), grid.RowPoint("b"));
-    grid.Object("a").SetPrice(9);
-    grid.Object("b").SetPrice(10);
-    driver.RunUntilIdle();
-    grid.Destroy("a");
-    CGridItem* const b = Item("b");
-    Grid().Detach(b);
-    driver.Release();
-    EXPECT_EQ(grid.RowsText(), "rows=c");
-    EXPECT_TRUE(Grid().Attach(b, ScrollableRoot, LastPosition));
-    EXPECT_EQ(grid.RowsText(), "rows=c,b");
-}
-
-TEST_F(OrderFreezeTest, SwitchingItOffThawsAndOffNothingWaits)
-{
-    driver.Press(Grid(), grid.RowPoint("b"));
-    EXPECT_EQ(RowsAfter("a", 9), "rows=a,b,c");
-    EXPECT_TRUE(Grid().IsOrderFreeze());
-    Grid().SetOrderFreeze(false);
-    EXPECT_EQ(grid.RowsText(), "rows=b,c,a");
-    EXPECT_EQ(RowsAfter("b", 10), "rows=c,a,b");
-    driver.Release();
-}
 } // namespace
 } // namespace Ostrel::Testing

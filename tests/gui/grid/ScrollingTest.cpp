@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <climits>
 
 #include <ostrel/platform/window/SystemParameters.h>
@@ -159,25 +158,6 @@ TEST_F(ScrollingTest, ARecordedRowThatGoesIsForgotten)
     EXPECT_EQ(First(), first);
 }
 
-TEST_F(ScrollingTest, PageKeysGoByPages)
-{
-    grid.ClickRow("row2");
-    grid.PressKey(VK_NEXT);
-    EXPECT_EQ(Grid().GetFocusedRow(), page - 1) << "first to the bottom of the page";
-    driver.Advance(20);
-    grid.PressKey(VK_NEXT);
-    driver.Advance(20);
-    EXPECT_EQ(Grid().GetFocusedRow(), 2 * (page - 1));
-    EXPECT_EQ(First(), page - 1);
-    grid.PressKey(VK_PRIOR);
-    EXPECT_EQ(Grid().GetFocusedRow(), page - 1) << "to the top of the page";
-    driver.Advance(20);
-    grid.PressKey(VK_PRIOR);
-    driver.Advance(20);
-    EXPECT_EQ(Grid().GetFocusedRow(), 0);
-    EXPECT_EQ(First(), 0);
-}
-
 TEST_F(ScrollingTest, TheAreasMeetBelowHeaderAndSeparator)
 {
     int const headerHeight = grid.Header().GetHeaderHeight();
@@ -193,23 +173,6 @@ TEST_F(ScrollingTest, TheAreasMeetBelowHeaderAndSeparator)
     EXPECT_EQ(cell.right, 180);
     EXPECT_EQ(Grid().GetItem(cell.CenterPoint()), Item("row1"));
     EXPECT_TRUE(Grid().GetLineVisibleRect(Item("row99")).IsRectEmpty());
-}
-
-TEST_F(ScrollingTest, ScrollingPaintsWhatAFullRepaintPaints)
-{
-    Grid().SetFirstVisibleRow(10);
-    driver.RunUntilIdle();
-    Grid().SetFirstVisibleRow(13);
-    grid.Object("row12").SetPrice(7);
-    Grid().SetFirstVisibleRow(11);
-    Platform::Surface const scrolled = driver.Picture(Grid());
-    Grid().Invalidate();
-    Platform::Surface const repainted = driver.Picture(Grid());
-    for (int y = 0; y < repainted.Height(); ++y)
-    {
-        ASSERT_TRUE(std::equal(repainted.Row(y), repainted.Row(y) + repainted.Width(), scrolled.Row(y)))
-            << "line " << y;
-    }
 }
 
 // Bands of any height are painted, above what does not fit any more.

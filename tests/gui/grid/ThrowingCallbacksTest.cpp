@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <ostrel/common/format/Format.h>
-#include <ostrel/gui/grid/IGridFilter.h>
 #include <ostrel/gui/grid/KeyManager.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/paint/CustomDraw.h>
@@ -80,19 +79,6 @@ struct Side : GridWindow
     }
 };
 
-class AllowingFilter : public IGridFilter
-{
-public:
-    bool AutoDelete() const override { return false; }
-    bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject*) override { return false; }
-};
-
-class RefusingFilter : public AllowingFilter
-{
-public:
-    bool IsFiltered(CGrid*, CGridItem*, Common::CDataObject*) override { Refuse(); }
-};
-
 struct Operation
 {
     char const* name;
@@ -135,8 +121,8 @@ protected:
         ExpectConsistent(throwing.Grid());
     }
 
-    AllowingFilter allows;
-    RefusingFilter refuses;
+    HideIf allows{[](TestObject&) { return false; }};
+    HideIf refuses{[](TestObject&) -> bool { Refuse(); }};
     Driver driver;
     Side quiet{driver, "quiet", {100, 100}};
     Side throwing{driver, "throwing", {600, 100}};

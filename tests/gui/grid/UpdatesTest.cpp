@@ -23,47 +23,15 @@ protected:
         Grid().GetUpdateRect(&rect);
         return rect;
     }
-    /// Delivers what was posted, and paints nothing.
-    void DeliverOnly()
+    /// Whether a delayed repaint is due, which is served then; nothing is painted.
+    bool ServeTimer()
     {
         MSG message;
-        while (PeekMessage(&message, nullptr, WM_USER, 0xFFFF, PM_REMOVE) != FALSE)
-        {
-            DispatchMessage(&message);
-        }
+        bool const isDue = PeekMessage(&message, Grid().GetSafeHwnd(), WM_TIMER, WM_TIMER, PM_REMOVE) != FALSE;
+        isDue ? DispatchMessage(&message) : 0;
+        return isDue;
     }
 };
-
-TEST_F(UpdatesTest, OnlyTheCellIsRepainted)
-{
-    grid.Object("row3").SetPrice(1);
-    DeliverOnly();
-    EXPECT_EQ(Invalid(), Grid().GetCellVisibleRect(Item("row3"), kPrice));
-    driver.RunUntilIdle();
-    grid.Object("row3").NotifyUpdate(-1);
-    DeliverOnly();
-    EXPECT_EQ(Invalid(), Grid().GetLineVisibleRect(Item("row3")));
-}
-
-TEST_F(UpdatesTest, RowsOffTheScreenAndFieldsWithoutAColumnRepaintNothing)
-{
-    grid.Object("row99").SetPrice(1);
-    grid.Object("row3").SetVolume(1);
-    DeliverOnly();
-    EXPECT_TRUE(Invalid().IsRectEmpty());
-    EXPECT_EQ(Told(), "ItemUpdated row99; ItemUpdated row3");
-}
-
-TEST_F(UpdatesTest, AMoveRepaintsTheRowsBetween)
-{
-    SortByPrice();
-    driver.RunUntilIdle();
-    grid.Object("row5").SetPrice(-1);
-    DeliverOnly();
-    CRect const expected = Grid().GetLineVisibleRect(Grid().GetItem(0, ScrollableContext)) |
-                           Grid().GetLineVisibleRect(Grid().GetItem(5, ScrollableContext));
-    EXPECT_EQ(Invalid(), expected);
-}
 
 TEST_F(UpdatesTest, ElapsedTimesOfCellsAndRows)
 {
@@ -86,26 +54,16 @@ TEST_F(UpdatesTest, ElapsedTimesOfCellsAndRows)
 
 TEST_F(UpdatesTest, DelayedRepaintsComeInTimeAndNotBefore)
 {
-    struct Case
+    CGridItem* const item = Item("row3");
+    for (auto const& [delayMs, dueMs] : {std::pair(300, 300), std::pair(5, 10)})
     {
-        int delayMs;
-        int dueMs;
-    };
-    for (Case const each : {Case{300, 300}, Case{5, 10}})
-    {
-        int paints = 0;
-        CGridItem* const item = Item("row3");
-        CRect const cell = Grid().GetCellVisibleRect(item, kPrice);
-        Grid().InvalidateCell(item, kPrice, each.delayMs);
+        Grid().InvalidateCell(item, kPrice, delayMs);
+        Platform::Clock::Advance(dueMs - 1);
+        EXPECT_FALSE(ServeTimer()) << "due after " << dueMs;
         EXPECT_TRUE(Invalid().IsRectEmpty());
-        Platform::Clock::Advance(each.dueMs - 1);
-        MSG message;
-        paints += PeekMessage(&message, Grid().GetSafeHwnd(), WM_TIMER, WM_TIMER, PM_REMOVE) != FALSE ? 1 : 0;
-        EXPECT_EQ(paints, 0) << "due after " << each.dueMs;
         Platform::Clock::Advance(1);
-        ASSERT_TRUE(PeekMessage(&message, Grid().GetSafeHwnd(), WM_TIMER, WM_TIMER, PM_REMOVE));
-        DispatchMessage(&message);
-        EXPECT_EQ(Invalid(), cell);
+        EXPECT_TRUE(ServeTimer());
+        EXPECT_EQ(Invalid(), Grid().GetCellVisibleRect(item, kPrice));
         driver.RunUntilIdle();
     }
 }
@@ -119,31 +77,24 @@ TEST_F(UpdatesTest, RowsOffTheScreenKeepTheirDeadline)
     driver.RunUntilIdle();
     Grid().InvalidateRow(Item("row81"), 20);
     Platform::Clock::Advance(20);
-    MSG message;
-    ASSERT_TRUE(PeekMessage(&message, Grid().GetSafeHwnd(), WM_TIMER, WM_TIMER, PM_REMOVE));
-    DispatchMessage(&message);
+    EXPECT_TRUE(ServeTimer());
     EXPECT_EQ(Invalid().top, Grid().GetCellVisibleRect(item, kPrice).top) << "its own, now that it can be seen";
 }
 
-TEST_F(UpdatesTest, OneNotificationReachesEveryRowOfTheObjectOnce)
+TEST_F(UpdatesTest, OneNotificationOfSeveralFieldsReachesEveryRowOnce)
 {
     TestObject& object = grid.Object("row3");
-    GridWindow other(driver, {.title = "Other"});
-    other.Grid().Add(&object, ScrollableRoot, LastPosition);
     Grid().Add(&object, FixedRoot, LastPosition);
     driver.RunUntilIdle();
     Told();
-    other.Notifications().Clear();
-    object.SetPrice(4);
-    driver.RunUntilIdle();
-    EXPECT_EQ(Told(), "ItemUpdated row3; ItemUpdated row3");
-    EXPECT_EQ(other.Notifications().Text(), "ItemUpdated row3");
     object.NotifyUpdate(std::set<long>{kPrice, kQuantity});
+    driver.RunUntilIdle();
+    EXPECT_EQ(Told(), "ItemUpdated row3; ItemUpdated row3; ItemUpdated row3; ItemUpdated row3");
     Grid().UpdateDataObject(&object, kPrice);
     driver.RunUntilIdle();
-    EXPECT_EQ(other.Notifications().Text(), "ItemUpdated row3; ItemUpdated row3; ItemUpdated row3; ItemUpdated row3");
-    other.Grid().DeleteAll(AllContexts);
+    EXPECT_EQ(Told(), "ItemUpdated row3; ItemUpdated row3");
 }
+
 // Updates are prepared in groups before the first of them is applied: what it changes must count for the others.
 TEST_F(UpdatesTest, RowsThatComeAndGoBetweenUpdatesThatWait)
 {
