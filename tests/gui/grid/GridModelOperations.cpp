@@ -581,7 +581,7 @@ void GridModelTest::DoAnything(ModelSide& side)
     CGridItem* const row = anyRow();
     CGridItem* const parents[] = {ScrollableRoot, FixedRoot, anyRow()};
     CGridItem* const parent = parents[Pick(3)];
-    switch (Pick(7))
+    switch (Pick(10))
     {
     case 0:
         grid.Add(anyObject(), parent, Pick(2) == 0 ? anyRow() : LastPosition);
@@ -600,6 +600,15 @@ void GridModelTest::DoAnything(ModelSide& side)
         break;
     case 5:
         grid.Collapse(parent, Pick(2) == 0);
+        break;
+    case 6:
+        grid.Select(row, Pick(3) != 0);
+        break;
+    case 7:
+        grid.SetFocusedRow(Pick(10), Pick(3) == 0 ? FixedContext : ScrollableContext);
+        break;
+    case 8:
+        Pick(2) == 0 ? grid.SelectAll() : grid.ClearSelection();
         break;
     default: {
         int const remainder = Pick(4);
