@@ -20,21 +20,11 @@ public:
     [[nodiscard]] bool At(int x, int y) const { return m_bits[Index(x, y)]; }
     void Combine(Bitmap const& other, int mode)
     {
-        switch (mode)
-        {
-        case RGN_OR:
-            m_bits |= other.m_bits;
-            break;
-        case RGN_DIFF:
-            m_bits &= ~other.m_bits;
-            break;
-        case RGN_AND:
-            m_bits &= other.m_bits;
-            break;
-        default:
-            m_bits ^= other.m_bits;
-            break;
-        }
+        std::bitset<kSide* kSide> const& bits = other.m_bits;
+        m_bits = mode == RGN_OR     ? m_bits | bits
+                 : mode == RGN_DIFF ? m_bits & ~bits
+                 : mode == RGN_AND  ? m_bits & bits
+                                    : m_bits ^ bits;
     }
     void Fill(CRect const& rect)
     {

@@ -176,6 +176,27 @@ TEST_P(TextRulesTest, TextIsAsWideAsMeasured)
             EXPECT_GE(ink.left, kMargin - Scaled(1)) << Escaped(text);
             EXPECT_LE(ink.right, kMargin + width + Scaled(1)) << Escaped(text);
         }
+        CRect calculated(20, 0, 21, 1);
+        m_measuring.dc.DrawText(text.data(), static_cast<int>(text.size()), &calculated, kCell | DT_CALCRECT);
+        EXPECT_EQ(calculated.Width(), width) << Escaped(text);
+    }
+}
+
+TEST_P(TextRulesTest, AlignmentMovesThePictureByWholePixels)
+{
+    RandomText random(5);
+    for (int round = 0; round < 200; ++round)
+    {
+        auto const characters = random.Characters(RandomText::All);
+        std::string const text = Join(characters, characters.size());
+        int const width = WidthOf(text);
+        int const room = random.Below(40);
+        bool const isCentered = round % 2 == 0;
+        int const shift = isCentered ? room / 2 : room;
+        EXPECT_EQ(Draw(text, width + room, isCentered ? DT_CENTER : DT_RIGHT)
+                      ->Picture(CRect(kMargin + shift, 0, kMargin + shift + width, m_height)),
+                  Draw(text, width, DT_LEFT)->Picture(CRect(kMargin, 0, kMargin + width, m_height)))
+            << Escaped(text);
     }
 }
 

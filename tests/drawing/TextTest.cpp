@@ -1,4 +1,4 @@
-// Text in every script: what is measured is what is drawn, and no character is ever cut.
+// Texts, fonts and their sizes. What holds for texts of every script is in TextRulesTest.
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -22,122 +22,6 @@ namespace
 {
 
 constexpr UINT kCell = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
-
-struct Script
-{
-    char const* name;
-    char const* text;
-};
-
-constexpr Script kScripts[] = {{"Digits", "-1,234,567.89"},
-                               {"Latin", "AVAToWa fi ffl ÀÉîõü ß Żółć"},
-                               {"Greek", "Ξεσκεπάζω τὴν ψυχή"},
-                               {"Cyrillic", "Съешь же ещё"},
-                               {"Han", "日本語の文字 漢字"},
-                               {"Arabic", "العربية نص"},
-                               {"Combining", "e\xCC\x81o\xCC\x88n\xCC\x83 xyz"},
-                               {"Emoji", "ok \xF0\x9F\x98\x80 \xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB"},
-                               {"Invalid", "bad \xE9\xFF\xC3 \xF0\x9F end\xE2"},
-                               {"Controls", "a\tb\nc\x01\x7F."},
-                               {"Unassigned", "\xF3\xB0\x80\x80 box"}};
-
-class ScriptTest : public testing::TestWithParam<Script>
-{
-protected:
-    [[nodiscard]] static std::string Text() { return GetParam().text; }
-    [[nodiscard]] static int WidthOf(std::string const& text)
-    {
-        Canvas canvas(1, 1);
-        return canvas.dc.GetTextExtent(text.data(), static_cast<int>(text.size())).cx;
-    }
-};
-
-INSTANTIATE_TEST_SUITE_P(Scripts, ScriptTest, testing::ValuesIn(kScripts),
-                         [](testing::TestParamInfo<Script> const& script) { return std::string(script.param.name); });
-
-TEST_P(ScriptTest, InkLiesInTheMeasuredWidth)
-{
-    int const width = WidthOf(Text());
-    Canvas canvas(width + 60, 40);
-    CRect place(20, 0, 20 + width, 40);
-    canvas.dc.DrawText(std::string_view(Text()), place, kCell | DT_NOCLIP);
-    CRect const ink = canvas.Ink();
-    EXPECT_FALSE(ink.IsRectEmpty());
-    EXPECT_GE(ink.left, place.left - 1);
-    EXPECT_LE(ink.right, place.right + 1);
-    EXPECT_LE(place.right - ink.right, 6); // and fills it up to the last letter's own margin
-    CRect calculated(20, 0, 21, 1);
-    canvas.dc.DrawText(Text().c_str(), -1, &calculated, kCell | DT_CALCRECT);
-    EXPECT_EQ(calculated.Width(), width);
-}
-
-TEST_P(ScriptTest, AlignmentMovesThePictureByWholePixels)
-{
-    int const width = WidthOf(Text());
-    int const boxWidth = width + 31;
-    for (UINT const alignment : {DT_RIGHT, DT_CENTER})
-    {
-        Canvas aligned(boxWidth + 40, 30);
-        Canvas moved(boxWidth + 40, 30);
-        aligned.dc.DrawText(std::string_view(Text()), CRect(20, 0, 20 + boxWidth, 30), kCell | alignment | DT_NOCLIP);
-        int const shift = alignment == DT_RIGHT ? boxWidth - width : (boxWidth - width) / 2;
-        moved.dc.DrawText(std::string_view(Text()), CRect(20 + shift, 0, 300, 30), kCell | DT_NOCLIP);
-        EXPECT_TRUE(SamePixels(aligned, moved));
-    }
-}
-
-// With an ellipsis the drawing is that of whole characters and an ellipsis, and stays in the box.
-TEST_P(ScriptTest, EllipsisFitsTheBoxAndIsNeededOnlyThere)
-{
-    std::string const text = Text();
-    int const width = WidthOf(text);
-    int const ellipsis = WidthOf("\xE2\x80\xA6");
-    for (int boxWidth = ellipsis + 2; boxWidth <= width + 2; boxWidth += 3)
-    {
-        Canvas canvas(boxWidth + 40, 30);
-        canvas.dc.DrawText(std::string_view(text), CRect(20, 0, 20 + boxWidth, 30),
-                           kCell | DT_END_ELLIPSIS | DT_NOCLIP);
-        CRect const ink = canvas.Ink();
-        EXPECT_GE(ink.left, 19) << boxWidth;
-        EXPECT_LE(ink.right, 21 + boxWidth) << boxWidth;
-        LaidOutLine const line = TextEngine::OfThread().Layout(0, text, boxWidth);
-        EXPECT_LE(line.width, boxWidth + 3) << boxWidth; // a wider ellipsis of another font may stand alone
-        EXPECT_EQ(line.width == width, boxWidth >= width) << boxWidth;
-    }
-}
-
-TEST(EllipsisTest, KeepsTheLongestPrefixOfWholeCharacters)
-{
-    struct Case
-    {
-        std::string text;
-        std::vector<std::size_t> boundaries; ///< where it may be cut
-    };
-    Case const cases[] = {{"Amount 123", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
-                          {"ÄÖÜß€", {0, 2, 4, 6, 8}},
-                          {"be\xCC\x81o\xCC\x88xyz", {0, 1, 4, 7, 8, 9}}};
-    for (Case const& test : cases)
-    {
-        Canvas measuring(1, 1);
-        auto const widthOf = [&](std::string const& text)
-        { return measuring.dc.GetTextExtent(CString(text.c_str())).cx; };
-        for (int boxWidth = widthOf("\xE2\x80\xA6"); boxWidth < widthOf(test.text); ++boxWidth)
-        {
-            std::string expected;
-            for (std::size_t const end : test.boundaries)
-            {
-                std::string const cut = test.text.substr(0, end) + "\xE2\x80\xA6";
-                expected = widthOf(cut) <= boxWidth ? cut : expected;
-            }
-            Canvas drawn(140, 24);
-            Canvas wanted(140, 24);
-            drawn.dc.DrawText(std::string_view(test.text), CRect(5, 0, 5 + boxWidth, 24),
-                              kCell | DT_END_ELLIPSIS | DT_NOCLIP);
-            wanted.dc.DrawText(std::string_view(expected), CRect(5, 0, 5 + boxWidth, 24), kCell | DT_NOCLIP);
-            ASSERT_TRUE(SamePixels(drawn, wanted)) << test.text << " in " << boxWidth << " is not " << expected;
-        }
-    }
-}
 
 TEST(TextTest, BadBytesAreLatin1AndControlCharactersBlanks)
 {
@@ -314,12 +198,22 @@ TEST(TextTest, ShapedRunsAreForgottenInTheEnd)
 
 TEST(TextTest, ThreadsDrawTheSamePixels)
 {
-    auto const draw = [](Canvas& canvas)
+    constexpr char const* kScripts[] = {"-1,234,567.89",
+                                        "AVAToWa fi ffl ÀÉîõü ß Żółć",
+                                        "Ξεσκεπάζω τὴν ψυχή",
+                                        "Съешь же ещё",
+                                        "日本語の文字 漢字",
+                                        "العربية نص",
+                                        "e\xCC\x81o\xCC\x88n\xCC\x83 xyz",
+                                        "ok \xF0\x9F\x98\x80 \xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB",
+                                        "bad \xE9\xFF\xC3 \xF0\x9F end\xE2",
+                                        "\xF3\xB0\x80\x80 box"};
+    auto const draw = [&](Canvas& canvas)
     {
         int y = 0;
-        for (Script const& script : kScripts)
+        for (char const* const text : kScripts)
         {
-            canvas.dc.DrawText(std::string_view(script.text), CRect(0, y, 200, y + 22), kCell | DT_END_ELLIPSIS);
+            canvas.dc.DrawText(std::string_view(text), CRect(0, y, 200, y + 22), kCell | DT_END_ELLIPSIS);
             y += 22;
         }
     };

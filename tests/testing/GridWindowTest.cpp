@@ -1,4 +1,4 @@
-// The window made for tests: columns from a line of text, rows from test objects, notifications as lines.
+// The window made for tests: columns from a line of text, and names of rows that are gone.
 #include <optional>
 
 #include <gtest/gtest.h>
@@ -23,41 +23,6 @@ TEST(GridWindowTest, ColumnsAreMadeFromALineAndReadBack)
     }
 }
 
-TEST(GridWindowTest, FixedRowsStandFirst)
-{
-    Driver driver;
-    GridWindow grid(driver);
-    grid.AddRows({"red"});
-    grid.AddFixed({.name = "sum"});
-    grid.ClickRow("sum");
-    EXPECT_EQ(grid.State(), "fixed=sum rows=red selected=sum focus=sum first=0 sort=-");
-    EXPECT_EQ(grid.RowsOnScreen(), (std::vector<std::string>{"sum", "red"}));
-}
-
-TEST(GridWindowTest, NotificationsAreLines)
-{
-    Driver driver;
-    GridWindow grid(driver);
-    auto const take = [&]
-    {
-        std::string const text = grid.Notifications().Text();
-        grid.Notifications().Clear();
-        return text;
-    };
-    grid.AddRows({"red", "green"});
-    EXPECT_EQ(take(), "ItemShown red; ItemAdded red; ItemShown green; ItemAdded green");
-    grid.ClickRow("red");
-    EXPECT_EQ(take(), "SelectionChanged red selected; FocusChanged red gained");
-    grid.Object("green").SetPrice(4);
-    driver.RunUntilIdle();
-    EXPECT_EQ(take(), "ItemUpdated green");
-    grid.DragCaptionEdge("Name", 10);
-    EXPECT_NE(take().find("HeaderColumnResized Name"), std::string::npos);
-    grid.Destroy("green");
-    EXPECT_NE(take().find("ItemDeleting green"), std::string::npos);
-    EXPECT_EQ(grid.RowsText(), "rows=red");
-}
-
 TEST(GridWindowTest, AnObjectIsNotCalledByTheNameOfOneThatLayInItsPlace)
 {
     Driver driver;
@@ -76,22 +41,6 @@ TEST(GridWindowTest, AnObjectIsNotCalledByTheNameOfOneThatLayInItsPlace)
     to.Notifications().Clear();
     to.Grid().Delete(item);
     EXPECT_EQ(to.Notifications().Text(), "ItemDeleting new; ItemDeleting parent");
-}
-
-TEST(GridWindowTest, ATestMayActInsideANotification)
-{
-    Driver driver;
-    GridWindow grid(driver);
-    grid.AddRows({"red", "green"});
-    grid.Notifications().onNotification = [&](std::string const& line)
-    {
-        if (line == "SelectionChanged red selected")
-        {
-            grid.Grid().Delete(&grid.Object("red"));
-        }
-    };
-    grid.ClickRow("red");
-    EXPECT_EQ(grid.RowsText(), "rows=green");
 }
 
 } // namespace

@@ -1,38 +1,14 @@
-// Threads are served by the loop of the test, their failures come out, and those that hang are named.
-#include <atomic>
+// The failures of threads come out, and those that hang are named.
 #include <future>
 
 #include <gtest/gtest.h>
 
-#include <ostrel/testing/GridWindow.h>
 #include <ostrel/testing/Workers.h>
 
 namespace Ostrel::Testing
 {
 namespace
 {
-
-TEST(WorkersTest, CallsIntoTheGridAreServed)
-{
-    Driver driver;
-    GridWindow grid(driver);
-    grid.AddRows({"red", "green"});
-    std::atomic<unsigned> rows{0};
-    Workers workers;
-    workers.AddMany(3, "reader", [&](int) { rows += grid.Grid().GetRowCount(GUI::ScrollableContext); });
-    workers.Add("writer",
-                [&]
-                {
-                    for (long quantity = 1; quantity <= 100; ++quantity)
-                    {
-                        grid.Object("red").SetQuantity(quantity);
-                    }
-                });
-    workers.Run();
-    EXPECT_EQ(rows, 6U);
-    driver.RunUntilIdle();
-    EXPECT_EQ(grid.CellText("red", "Quantity"), "100");
-}
 
 TEST(WorkersTest, TheFirstFailureIsThrownAgain)
 {

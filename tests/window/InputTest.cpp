@@ -169,11 +169,7 @@ TEST_F(InputTest, DisabledWindowsTakeNoInput)
     Click({110, 110});
     EXPECT_EQ(TakeLog(), "");
     parent.EnableWindow(FALSE);
-    right.hook = [](UINT message, WPARAM, LPARAM, LRESULT&)
-    {
-        EXPECT_NE(message, WM_LBUTTONDOWN);
-        return false;
-    };
+    right.On(WM_LBUTTONDOWN, [](WPARAM, LPARAM) { ADD_FAILURE(); });
     Click({210, 110});
 }
 
@@ -229,11 +225,7 @@ TEST_F(InputTest, AltMakesSystemKeys)
 TEST_F(InputTest, WheelGoesToTheWindowBelowThePointerAndUpUntilSomebodyTakesIt)
 {
     int parentDelta = 0;
-    parent.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
-    {
-        parentDelta += message == WM_MOUSEWHEEL ? GET_WHEEL_DELTA_WPARAM(wParam) : 0;
-        return false;
-    };
+    parent.On(WM_MOUSEWHEEL, [&](WPARAM wParam, LPARAM) { parentDelta += GET_WHEEL_DELTA_WPARAM(wParam); });
     left.SetFocus();
     MoveTo({210, 110});
     Screen().Wheel(-240);
@@ -272,11 +264,7 @@ TEST_F(InputTest, RefusedActivationKeepsTheOtherWindowActive)
     parent.SetFocus();
     ProcessPending();
     int presses = 0;
-    palette.hook = [&](UINT message, WPARAM, LPARAM, LRESULT&)
-    {
-        presses += message == WM_LBUTTONDOWN;
-        return false;
-    };
+    palette.On(WM_LBUTTONDOWN, [&](WPARAM, LPARAM) { ++presses; });
     Click({450, 350});
     EXPECT_EQ(presses, 1);
     EXPECT_EQ(CWnd::GetActiveWindow(), &parent);

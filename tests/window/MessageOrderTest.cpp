@@ -9,13 +9,21 @@ namespace
 
 constexpr UINT kPosted = WM_APP + 1;
 
-using MessageOrderTest = WindowTest;
+class MessageOrderTest : public WindowTest
+{
+protected:
+    MessageOrderTest()
+    {
+        window.MakeTopLevel({0, 0, 200, 100});
+        ProcessPending();
+    }
+
+    HookedWnd window;
+    MSG fetched{};
+};
 
 TEST_F(MessageOrderTest, ServesPostedThenInputThenTimersThenPaint)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     std::string log;
     MessageLog const noted(
         window, "", {{kPosted, "posted"}, {WM_MOUSEMOVE, "input"}, {WM_TIMER, "timer"}, {WM_PAINT, "paint"}}, log);
@@ -33,35 +41,21 @@ TEST_F(MessageOrderTest, ServesPostedThenInputThenTimersThenPaint)
 
 TEST_F(MessageOrderTest, QuitWaitsForPostedMessagesOnly)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     window.Invalidate();
     window.PostMessage(kPosted);
     PostQuitMessage(7);
 
-    MSG message;
-    EXPECT_TRUE(GetMessage(&message));
-    EXPECT_EQ(message.message, kPosted);
-    EXPECT_FALSE(GetMessage(&message));
-    EXPECT_EQ(message.wParam, 7U);
+    EXPECT_TRUE(GetMessage(&fetched));
+    EXPECT_EQ(fetched.message, kPosted);
+    EXPECT_FALSE(GetMessage(&fetched));
+    EXPECT_EQ(fetched.wParam, 7U);
 }
 
 // What a thread posts to itself takes a shorter way than what others post.
 TEST_F(MessageOrderTest, NothingOvertakesWhatAnotherThreadPostedBefore)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     std::vector<WPARAM> served;
-    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
-    {
-        if (message == kPosted)
-        {
-            served.push_back(wParam);
-        }
-        return false;
-    };
+    window.On(kPosted, [&](WPARAM wParam, LPARAM) { served.push_back(wParam); });
     HWND const target = window;
     for (WPARAM number = 0; number < 6; ++number)
     {
@@ -74,23 +68,14 @@ TEST_F(MessageOrderTest, NothingOvertakesWhatAnotherThreadPostedBefore)
 
 TEST_F(MessageOrderTest, MessagesThatPostTheirSuccessorsStayInOrder)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     WPARAM expected = 0;
     WPARAM next = 0;
-    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
-    {
-        if (message == kPosted)
-        {
-            EXPECT_EQ(wParam, expected++);
-            if (next < 1000)
-            {
-                window.PostMessage(kPosted, next++);
-            }
-        }
-        return false;
-    };
+    window.On(kPosted,
+              [&](WPARAM wParam, LPARAM)
+              {
+                  EXPECT_EQ(wParam, expected++);
+                  next < 1000 ? window.PostMessage(kPosted, next++) : FALSE;
+              });
     while (next < 7)
     {
         window.PostMessage(kPosted, next++);
@@ -101,41 +86,33 @@ TEST_F(MessageOrderTest, MessagesThatPostTheirSuccessorsStayInOrder)
 
 TEST_F(MessageOrderTest, WhatTheIdleHookPostsIsServedBeforeSleeping)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     SetIdleHook(
         [&]
         {
             window.PostMessage(kPosted);
             return false;
         });
-    MSG message;
-    EXPECT_TRUE(GetMessage(&message));
-    EXPECT_EQ(message.message, kPosted);
+    EXPECT_TRUE(GetMessage(&fetched));
+    EXPECT_EQ(fetched.message, kPosted);
     SetIdleHook({});
 }
 
 TEST_F(MessageOrderTest, FilterLeavesOtherMessagesInTheirOrder)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     for (UINT const number : {kPosted, kPosted + 1, kPosted + 2, kPosted + 1})
     {
         window.PostMessage(number);
     }
 
-    MSG message;
     std::vector<UINT> taken;
-    while (PeekMessage(&message, nullptr, kPosted + 1, kPosted + 1, PM_REMOVE))
+    while (PeekMessage(&fetched, nullptr, kPosted + 1, kPosted + 1, PM_REMOVE))
     {
-        taken.push_back(message.message);
+        taken.push_back(fetched.message);
     }
-    EXPECT_TRUE(PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE));
-    while (PeekMessage(&message, window, kPosted, kPosted + 9, PM_REMOVE))
+    EXPECT_TRUE(PeekMessage(&fetched, nullptr, 0, 0, PM_NOREMOVE));
+    while (PeekMessage(&fetched, window, kPosted, kPosted + 9, PM_REMOVE))
     {
-        taken.push_back(message.message);
+        taken.push_back(fetched.message);
     }
     EXPECT_EQ(taken, (std::vector<UINT>{kPosted + 1, kPosted + 1, kPosted, kPosted + 2}));
 }
@@ -143,9 +120,6 @@ TEST_F(MessageOrderTest, FilterLeavesOtherMessagesInTheirOrder)
 // Each posted message costs a millisecond and posts its successor: without turns nothing else would ever be served.
 TEST_F(MessageOrderTest, InputTimersAndPaintGetTheirTurnUnderAFlood)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     std::int64_t const begin = Clock::Milliseconds();
     std::vector<std::pair<UINT, std::int64_t>> served;
     int left = 200;
@@ -189,19 +163,10 @@ TEST_F(MessageOrderTest, InputTimersAndPaintGetTheirTurnUnderAFlood)
 
 TEST_F(MessageOrderTest, TimersFireInDueOrderAndOnceForMissedTicks)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
-    ProcessPending();
     std::string log;
     std::int64_t const begin = Clock::Milliseconds();
-    window.hook = [&](UINT message, WPARAM wParam, LPARAM, LRESULT&)
-    {
-        if (message == WM_TIMER)
-        {
-            log += std::to_string(wParam) + "@" + std::to_string(Clock::Milliseconds() - begin) + " ";
-        }
-        return false;
-    };
+    window.On(WM_TIMER, [&](WPARAM wParam, LPARAM)
+              { log += std::to_string(wParam) + "@" + std::to_string(Clock::Milliseconds() - begin) + " "; });
     window.SetTimer(1, 25);
     window.SetTimer(2, 3); // below the least period
     TurnClock(30);
@@ -209,8 +174,7 @@ TEST_F(MessageOrderTest, TimersFireInDueOrderAndOnceForMissedTicks)
 
     log.clear();
     Clock::Advance(100);
-    MSG message;
-    EXPECT_TRUE(PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE)); // a look does not use the tick up
+    EXPECT_TRUE(PeekMessage(&fetched, nullptr, 0, 0, PM_NOREMOVE)); // a look does not use the tick up
     ProcessPending();
     EXPECT_EQ(log, "2@130 1@130 ");
 
@@ -227,10 +191,10 @@ TEST_F(MessageOrderTest, TimerProcedureIsCalledInsteadOfTheWindow)
     static int calls;
     calls = 0;
     SetTimer(nullptr, 0, 10,
-             [](HWND window, UINT, UINT_PTR id, DWORD)
+             [](HWND owner, UINT, UINT_PTR id, DWORD)
              {
                  ++calls;
-                 KillTimer(window, id);
+                 KillTimer(owner, id);
              });
     TurnClock(100);
     EXPECT_EQ(calls, 1);
@@ -247,14 +211,8 @@ TEST_F(MessageOrderTest, IdleHookRunsUntilItHasNothingToDo)
 
 TEST_F(MessageOrderTest, ModalLoopEndsByItsConditionAndPassesQuitOn)
 {
-    HookedWnd window;
-    window.MakeTopLevel({0, 0, 200, 100});
     int handled = 0;
-    window.hook = [&](UINT message, WPARAM, LPARAM, LRESULT&)
-    {
-        handled += message == kPosted;
-        return false;
-    };
+    window.On(kPosted, [&](WPARAM, LPARAM) { ++handled; });
     window.PostMessage(kPosted);
     window.PostMessage(kPosted);
     EXPECT_TRUE(RunModalLoop([&] { return handled == 2; }));

@@ -260,14 +260,7 @@ TEST_F(PaintTest, EraseComesBeforePaintAndOnlyWhenAskedFor)
 TEST_F(PaintTest, ResizingRepaintsAndTells)
 {
     CSize told;
-    parent.hook = [&](UINT message, WPARAM, LPARAM lParam, LRESULT&)
-    {
-        if (message == WM_SIZE)
-        {
-            told = CSize(LOWORD(static_cast<DWORD_PTR>(lParam)), HIWORD(static_cast<DWORD_PTR>(lParam)));
-        }
-        return false;
-    };
+    parent.On(WM_SIZE, [&](WPARAM, LPARAM lParam) { told = CPoint(lParam) - CPoint(0, 0); });
     Screen().ResizeByUser(Native(), {100, 100, 500, 400});
     ProcessPending();
     EXPECT_EQ(told, CSize(400, 300));

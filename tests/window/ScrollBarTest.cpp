@@ -16,14 +16,7 @@ protected:
         parent.MakeTopLevel({100, 100, 400, 500});
         window.MakeChild(parent, {0, 0, 200, 300}, 1);
         SetVertical(0, 99999, 10);
-        window.hook = [this](UINT message, WPARAM wParam, LPARAM, LRESULT&)
-        {
-            if (message == WM_VSCROLL)
-            {
-                Note(LOWORD(wParam));
-            }
-            return false;
-        };
+        window.On(WM_VSCROLL, [this](WPARAM wParam, LPARAM) { Note(LOWORD(wParam)); });
         ProcessPending();
     }
 

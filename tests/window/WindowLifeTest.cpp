@@ -103,11 +103,7 @@ TEST_F(WindowLifeTest, SubclassedProceduresCallWhatTheyReplaced)
     ASSERT_TRUE(object.SubclassWindow(window));
     EXPECT_EQ(CWnd::FromHandle(window), &object);
     EXPECT_FALSE(HookedWnd().SubclassWindow(window)) << "a window has one object";
-    object.hook = [](UINT message, WPARAM, LPARAM, LRESULT&)
-    {
-        g_chain += message == WM_APP ? "object " : "";
-        return false;
-    };
+    object.On(WM_APP, [](WPARAM, LPARAM) { g_chain += "object "; });
     g_before = reinterpret_cast<WNDPROC>(SetWindowLongPtr(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Outer)));
     g_chain.clear();
     ::SendMessage(window, WM_APP);

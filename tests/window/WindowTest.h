@@ -35,6 +35,19 @@ public:
         ASSERT_TRUE(CreateEx(0, nullptr, "", style, rect, &parent, id));
     }
 
+    /// Calls the function with each message of that number, which the window then handles as it would.
+    void On(UINT wanted, std::function<void(WPARAM wParam, LPARAM lParam)> action)
+    {
+        hook = [wanted, action = std::move(action)](UINT message, WPARAM wParam, LPARAM lParam, LRESULT&)
+        {
+            if (message == wanted)
+            {
+                action(wParam, lParam);
+            }
+            return false;
+        };
+    }
+
     Hook hook;
     COLORREF color = RGB(255, 255, 255); ///< painted all over
     int paintCount = 0;
