@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostrel/testing/DriverError.h>
 #include <ostrel/testing/Workers.h>
 
 namespace Ostrel::Testing

@@ -624,12 +624,13 @@ void GridModelTest::Adopt()
 {
     a.Adopt();
     b.Adopt();
-    for (auto& [object, items] : handles)
+    for (auto& each : handles)
     {
+        std::vector<CGridItem*>& items = each.second;
         std::erase_if(items, [](CGridItem* item) { return !GUI::Detail::ItemPool::IsLive(item); });
         for (ModelSide* const side : {&a, &b})
         {
-            std::ranges::copy_if(side->Grid().GetHandles(object, false, AllContexts), std::back_inserter(items),
+            std::ranges::copy_if(side->Grid().GetHandles(each.first, false, AllContexts), std::back_inserter(items),
                                  [&](CGridItem* item) { return std::ranges::find(items, item) == items.end(); });
         }
     }
