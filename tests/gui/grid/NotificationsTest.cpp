@@ -65,5 +65,19 @@ TEST_F(NotificationsTest, AHandlerMayDeleteTheRowItHearsOf)
     EXPECT_TRUE(Grid().Delete(Item("metals")));
     EXPECT_EQ(grid.RowsText(), "rows=-");
 }
+
+TEST_F(NotificationsTest, AHandlerMayTakeTheHeaderAway)
+{
+    std::unique_ptr<CHeader> taken;
+    grid.Notifications().onNotification = [&](std::string const&)
+    {
+        if (taken == nullptr)
+        {
+            taken.reset(Grid().SetHeader(nullptr));
+        }
+    };
+    grid.Header().SetFont(nullptr);
+    EXPECT_EQ(taken->GetHeaderHeight(), 20) << "no longer measured by the grid";
+}
 } // namespace
 } // namespace Ostrel::Testing

@@ -159,7 +159,10 @@ void GridColumns::Handle(CColumn* column, CHeader::NotificationType type)
         break;
     case CHeader::FontChanged:
         notifier.Column(HeaderColumnChanged, column);
-        Platform::CallbackErrors::Keep([this]() { m_header->SetHeaderHeight(OptimalHeaderHeight()); });
+        if (m_header != nullptr) // the parent may have taken it away
+        {
+            Platform::CallbackErrors::Keep([this]() { m_header->SetHeaderHeight(OptimalHeaderHeight()); });
+        }
         LayOutAnew();
         break;
     default:
