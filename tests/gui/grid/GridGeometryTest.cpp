@@ -29,6 +29,7 @@ TEST(GridGeometryTest, BandsLieBelowEachOther)
     geometry.fixedRows = 50;
     EXPECT_EQ(geometry.FixedRect(), CRect(0, 20, 200, 100)) << "cut at the client's edge";
     EXPECT_TRUE(geometry.ScrollableRect().IsRectEmpty());
+    EXPECT_EQ(geometry.ScrollableRowRect(0), CRect(0, 522, 200, 536)) << "below the window";
     EXPECT_EQ(geometry.FittingRows(), 0);
 }
 

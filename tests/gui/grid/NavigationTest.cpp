@@ -114,6 +114,24 @@ TEST_F(NavigationTest, DraggingSelectsTheRowsThatItPasses)
     EXPECT_EQ(grid.SelectionText(), "selected=a focus=a");
 }
 
+TEST_F(NavigationTest, DraggingBelowTheRowsScrollsStepByStep)
+{
+    grid.AddMany(50);
+    driver.RunUntilIdle();
+    driver.Press(Grid(), grid.RowPoint("a"));
+    driver.MovePointer(Grid(), grid.RowPoint("c"));
+    driver.Advance(60);
+    driver.MovePointer(Grid(), {10, 400});
+    driver.Advance(99);
+    EXPECT_EQ(Grid().GetFirstVisibleRow(), 0) << "the time counts from when the pointer left";
+    driver.Advance(201);
+    EXPECT_EQ(Grid().GetFirstVisibleRow(), 3);
+    driver.MovePointer(Grid(), grid.RowPoint("e"));
+    driver.Advance(300);
+    EXPECT_EQ(Grid().GetFirstVisibleRow(), 3);
+    driver.Release();
+}
+
 TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)
 {
     Grid().AllowDragAndDrop(true);

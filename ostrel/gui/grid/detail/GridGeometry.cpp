@@ -47,11 +47,15 @@ CRect GridGeometry::FixedRect() const noexcept
     return {0, top, static_cast<int>(client.cx), std::min<int>(bottom, client.cy)};
 }
 
-CRect GridGeometry::ScrollableRect() const noexcept
+int GridGeometry::ScrollableTop() const noexcept
 {
     int const separator = fixedRows > 0 ? separatorHeight : 0;
-    int const top = Clamped(static_cast<long long>(RowTop(headerHeight, fixedRows, fixedRowHeight)) + separator);
-    return {0, std::min<int>(top, client.cy), static_cast<int>(client.cx), static_cast<int>(client.cy)};
+    return Clamped(static_cast<long long>(RowTop(headerHeight, fixedRows, fixedRowHeight)) + separator);
+}
+
+CRect GridGeometry::ScrollableRect() const noexcept
+{
+    return {0, std::min<int>(ScrollableTop(), client.cy), static_cast<int>(client.cx), static_cast<int>(client.cy)};
 }
 
 int GridGeometry::FittingRows() const noexcept
@@ -102,7 +106,7 @@ CRect GridGeometry::FixedRowRect(int row) const noexcept
 
 CRect GridGeometry::ScrollableRowRect(int row) const noexcept
 {
-    int const top = RowTop(ScrollableRect().top, static_cast<long long>(row) - firstRow, scrollableRowHeight);
+    int const top = RowTop(ScrollableTop(), static_cast<long long>(row) - firstRow, scrollableRowHeight);
     return {0, top, static_cast<int>(client.cx), top + scrollableRowHeight};
 }
 

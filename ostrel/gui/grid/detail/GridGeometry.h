@@ -31,6 +31,8 @@ struct GridGeometry
     [[nodiscard]] CRect HeaderRect() const noexcept;
     [[nodiscard]] CRect FixedRect() const noexcept;
     [[nodiscard]] CRect ScrollableRect() const noexcept;
+    /// Where the scrollable rows begin, also where that is below the window.
+    [[nodiscard]] int ScrollableTop() const noexcept;
 
     /// Whole rows that fit into the scrollable band, 0 when not even one does.
     [[nodiscard]] int FittingRows() const noexcept;

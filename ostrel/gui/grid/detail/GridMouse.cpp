@@ -291,13 +291,29 @@ void GridMouse::BeginTracking()
     }
     m_isTracking = true;
     m_trackedPlace = m_pressPlace;
-    m_core.Grid().SetTimer(MouseSelectionTimer, kScrollStepMs);
 }
 
 void GridMouse::Track(CPoint clientPoint)
 {
     MoveBand(clientPoint);
     ExtendTo(PlaceNear(clientPoint));
+    ScrollFromNowOn(IsPointerOutside());
+}
+
+bool GridMouse::IsPointerOutside() const
+{
+    CRect const band = m_core.View().Geometry().ScrollableRect();
+    return m_pointer.y < band.top || m_pointer.y >= band.bottom;
+}
+
+void GridMouse::ScrollFromNowOn(bool scroll)
+{
+    if (std::exchange(m_isScrolling, scroll) == scroll)
+    {
+        return;
+    }
+    CGrid& grid = m_core.Grid();
+    scroll ? grid.SetTimer(MouseSelectionTimer, kScrollStepMs) : grid.KillTimer(MouseSelectionTimer);
 }
 
 // Only the rows between the last place and this one can change.
@@ -331,12 +347,11 @@ void GridMouse::OnTimer()
         m_header.OnTimer();
         return;
     }
-    CRect const band = m_core.View().Geometry().ScrollableRect();
-    if (!m_isTracking || (m_pointer.y >= band.top && m_pointer.y < band.bottom))
+    if (!m_isTracking || !IsPointerOutside())
     {
         return;
     }
-    bool const isAbove = m_pointer.y < band.top;
+    bool const isAbove = m_pointer.y < m_core.View().Geometry().ScrollableRect().top;
     if (isAbove && m_pressPlace.type == FixedContext)
     {
         return;
@@ -352,7 +367,7 @@ void GridMouse::EndTracking()
     {
         m_core.View().InvalidateRect(RubberBand());
         m_isTracking = false;
-        m_core.Grid().KillTimer(MouseSelectionTimer);
+        ScrollFromNowOn(false);
     }
 }
 

@@ -46,6 +46,9 @@ private:
     void Track(CPoint clientPoint);
     void ExtendTo(Place place);
     void EndTracking();
+    [[nodiscard]] bool IsPointerOutside() const;
+    /// Moves the rows under the pointer step by step, or no longer.
+    void ScrollFromNowOn(bool scroll);
     /// The row that the pointer stands for while selecting: outside, the nearest shown one.
     [[nodiscard]] Place PlaceNear(CPoint clientPoint) const;
     [[nodiscard]] int SequenceOf(Place place) const;
@@ -58,6 +61,7 @@ private:
     bool m_mayTrack = false;   ///< the press was on a row and may become a selection by dragging
     bool m_isClickDue = false; ///< the press changed nothing yet, since it may begin a drag of the selected rows
     bool m_isTracking = false;
+    bool m_isScrolling = false;
     CPoint m_pressPoint;
     CPoint m_pointer;
     Place m_pressPlace;

@@ -76,13 +76,12 @@ CRect GridView::ContextVirtualRect(ContextType type) const
     {
         return {};
     }
-    CRect rect = ContextVisibleRect(type);
     GridGeometry geometry = Geometry();
     geometry.firstRow = 0;
     int const rows = area->RowCount();
-    rect.right = rect.left + m_core.Columns().TotalWidth();
-    rect.bottom = type == FixedContext ? geometry.FixedRowRect(rows).top : geometry.ScrollableRowRect(rows).top;
-    return rect;
+    int const width = m_core.Columns().TotalWidth();
+    return type == FixedContext ? CRect(0, geometry.headerHeight, width, geometry.FixedRowRect(rows).top)
+                                : CRect(0, geometry.ScrollableTop(), width, geometry.ScrollableRowRect(rows).top);
 }
 
 int GridView::RowOnScreen(CGridItem const& item) const
