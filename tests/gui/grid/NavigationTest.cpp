@@ -132,6 +132,29 @@ TEST_F(NavigationTest, DraggingBelowTheRowsScrollsStepByStep)
     driver.Release();
 }
 
+TEST_F(NavigationTest, SelectingRepaintsTheRowAndTheFramesThatItJoins)
+{
+    grid.AddFixed({.name = "x"});
+    driver.RunUntilIdle();
+    CRect const a = Grid().GetLineVisibleRect(Item("a"));
+    CRect const x = Grid().GetLineVisibleRect(Item("x"));
+    int const height = a.Height();
+    auto const expectPainted = [&](std::string_view row, int top, int bottom)
+    {
+        Grid().Select(Item(row), !Grid().IsSelected(Item(row)));
+        CRect update;
+        Grid().GetUpdateRect(&update);
+        driver.RunUntilIdle();
+        EXPECT_EQ(update.top, top) << row;
+        EXPECT_EQ(update.bottom, bottom) << row;
+    };
+    expectPainted("c", a.top + 2 * height, a.top + 3 * height);
+    expectPainted("b", a.top + height, a.top + 2 * height + 1);
+    expectPainted("a", a.top, a.top + height + 1);
+    expectPainted("x", x.top, a.top + 1); // across the separator
+    expectPainted("b", a.top + height - 1, a.top + 2 * height + 1);
+}
+
 TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)
 {
     Grid().AllowDragAndDrop(true);

@@ -183,20 +183,32 @@ void GridView::InvalidateRow(int row, ContextType type)
     InvalidateRows(row, row, type);
 }
 
+bool GridView::IsSelectedRow(int row, ContextType type) const
+{
+    CGridItem const* const item = m_core.ItemAt(row, type);
+    return item != nullptr && item->IsSelected();
+}
+
 void GridView::InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType type)
 {
     GridGeometry const geometry = Geometry();
     int const border = LineWidth();
     CRect const fixed = geometry.FixedRect();
     CRect const scrollable = geometry.ScrollableRect();
-    int const top = RowRect(firstRow, type).top - border;
-    int const bottom = RowRect(lastRow, type).bottom + border;
-    InvalidateRect(CRect(0, top, geometry.client.cx, bottom) & ContextVisibleRect(type));
-    if (type == FixedContext && lastRow == geometry.fixedRows - 1)
+    CRect const area = type == FixedContext ? fixed : scrollable;
+    CRect rows(0, RowRect(firstRow, type).top, geometry.client.cx, RowRect(lastRow, type).bottom);
+    if (rows.top - border >= area.bottom || rows.bottom + border <= area.top)
+    {
+        return;
+    }
+    rows.top -= IsSelectedRow(firstRow - 1, type) ? border : 0;
+    rows.bottom += IsSelectedRow(lastRow + 1, type) ? border : 0;
+    InvalidateRect(rows & area);
+    if (type == FixedContext && lastRow == geometry.fixedRows - 1 && IsSelectedRow(0, ScrollableContext))
     {
         InvalidateRect(CRect(0, scrollable.top, geometry.client.cx, scrollable.top + border) & scrollable);
     }
-    if (type == ScrollableContext && firstRow == 0)
+    if (type == ScrollableContext && firstRow == 0 && IsSelectedRow(geometry.fixedRows - 1, FixedContext))
     {
         InvalidateRect(CRect(0, fixed.bottom - border, geometry.client.cx, fixed.bottom) & fixed);
     }

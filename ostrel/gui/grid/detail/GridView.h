@@ -43,7 +43,7 @@ public:
     void InvalidateAll(bool erase = false);
     void InvalidateArea(ContextType type);
     void InvalidateRow(int row, ContextType type);
-    /// With the lines above and below them, where the neighbours' selection frames are.
+    /// With the lines above and below them where the neighbours are selected: their frames depend on these rows.
     void InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType type);
     void InvalidateRows(int firstRow, int lastRow, ContextType type);
     /// From the row on down, with the row above it: its frame and its expand button depend on what follows. In the
@@ -58,6 +58,7 @@ public:
 
 private:
     [[nodiscard]] int RowOnScreen(CGridItem const& item) const;
+    [[nodiscard]] bool IsSelectedRow(int row, ContextType type) const;
     /// A quick first look, as most rows that change are far from what is shown; false says nothing.
     [[nodiscard]] bool IsOffScreen(int row, ContextType type) const;
 
