@@ -83,7 +83,7 @@ public:
     int Delete(Common::CDataObject const* object);
     /// Deletes the row with that number, with its subtree, in each area of the mask. True if there was one.
     bool Delete(int row, ContextType mask);
-    /// Deletes every row of the areas of the mask and clears the focus.
+    /// Deletes every row of the areas of the mask and clears the focus; the calm view keeps it in an area that stays.
     void DeleteAll(ContextType mask);
 
     /// Puts a detached row with its subtree into the tree; the places are those of Add. False when the row is in a tree

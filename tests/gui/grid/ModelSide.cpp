@@ -299,7 +299,12 @@ void ModelSide::Delete(ReferenceRows& area, ReferenceRow& row)
 
 void ModelSide::DeleteAll(ContextType mask)
 {
-    Focus(nullptr);
+    bool const goes = (HasContext(mask, FixedContext) && IsFocusIn(fixed)) ||
+                      (HasContext(mask, ScrollableContext) && IsFocusIn(scrollable));
+    if (!isCalm || goes)
+    {
+        Focus(nullptr);
+    }
     for (ContextType const type : {ScrollableContext, FixedContext})
     {
         if (HasContext(mask, type))

@@ -246,7 +246,11 @@ void GridRows::DeleteAllOf(GridArea& area)
 
 void GridRows::DeleteAll(ContextType mask)
 {
-    m_core.Selection().FocusItem(nullptr);
+    CGridItem const* const focused = m_core.Selection().FocusedItem();
+    if (!m_core.IsCalm() || focused == nullptr || HasContext(mask, focused->Area()->Type()))
+    {
+        m_core.Selection().FocusItem(nullptr);
+    }
     m_core.Scrollable().Sort({});
     m_core.Fixed().Sort({});
     for (GridArea* const area : {&m_core.Scrollable(), &m_core.Fixed()})
