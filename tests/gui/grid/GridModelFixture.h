@@ -123,8 +123,9 @@ protected:
     void ClickCaption();
     void WorkTogether();
     void Interfere();
-    /// Something that a handler of notifications might do, with no regard to the model.
-    void DoAnything(ModelSide& side);
+    /// Something that a handler of notifications might do, with no regard to the model: with rows of one object, or
+    /// any.
+    void DoAnything(ModelSide& side, TestObject* favourite);
     /// Takes over what the grids hold.
     void Adopt();
     void Step();

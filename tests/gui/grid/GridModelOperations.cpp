@@ -541,11 +541,15 @@ void GridModelTest::Interfere()
     }
     ModelSide& side = PickSide();
     int notificationsLeft = 1 + Pick(6);
-    side.window.Notifications().onNotification = [&](std::string const&)
+    side.window.Notifications().onNotification = [&](std::string const& line)
     {
         if (--notificationsLeft == 0)
         {
-            DoAnything(side);
+            std::string name = line.substr(line.find(' ') + 1);
+            name = name.substr(0, name.find(' '));
+            auto const heardOf =
+                std::ranges::find_if(objects, [&](auto const& object) { return object->GetName() == name; });
+            DoAnything(side, heardOf != objects.end() && Pick(2) == 0 ? heardOf->get() : nullptr);
         }
     };
     for (ModelSide* const each : {&a, &b}) // rows that wait would move at a moment of their own
@@ -555,7 +559,7 @@ void GridModelTest::Interfere()
         each->isFrozen = false;
         each->postponed.clear();
     }
-    DoAnything(side);
+    DoAnything(side, nullptr);
     TestObject& object = *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
     int const value = Pick(9);
     object.SetQuantity(value);
@@ -568,11 +572,14 @@ void GridModelTest::Interfere()
     Adopt();
 }
 
-void GridModelTest::DoAnything(ModelSide& side)
+void GridModelTest::DoAnything(ModelSide& side, TestObject* favourite)
 {
     CGrid& grid = side.Grid();
-    auto const anyObject = [this]
-    { return objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))].get(); };
+    auto const anyObject = [&]
+    {
+        TestObject* const any = objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))].get();
+        return favourite != nullptr ? favourite : any;
+    };
     auto const anyRow = [&]
     {
         std::vector<CGridItem*> const rows = grid.GetHandles(anyObject(), false, AllContexts);

@@ -53,7 +53,7 @@ void GridModelTest::Step()
         {12, &Self::Filter},      {12, &Self::Sort},        {44, &Self::Update},      {30, &Self::Select},
         {35, &Self::Focus},       {14, &Self::Scroll},      {3, &Self::ChangeView},   {3, &Self::SelectAllOrNone},
         {2, &Self::SelectAreas},  {3, &Self::FreezeOrThaw}, {6, &Self::Navigate},     {1, &Self::Type},
-        {1, &Self::ClickCaption}, {3, &Self::WorkTogether}, {6, &Self::Interfere}};
+        {1, &Self::ClickCaption}, {3, &Self::WorkTogether}, {16, &Self::Interfere}};
     static int const shares =
         std::accumulate(std::begin(kOperations), std::end(kOperations), 0,
                         [](int sum, Operation const& operation) { return sum + operation.share; });

@@ -34,9 +34,8 @@ Scene::Scene(CSize clientSize, std::vector<int> const& widths) : header(new GUI:
         // One that keeps what was presented: what was drawn and not presented is missing there.
         Platform::SetThreadDisplay(std::make_unique<Platform::HeadlessDisplay>());
     }
-    m_frame.SetAutoDelete(false);
-    m_frame.Create(nullptr, "scene", WS_OVERLAPPEDWINDOW, CRect(0, 0, clientSize.cx, clientSize.cy));
-    grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, clientSize.cx, clientSize.cy), &m_frame, 1);
+    frame.Create(nullptr, "scene", WS_OVERLAPPEDWINDOW, CRect(0, 0, clientSize.cx, clientSize.cy));
+    grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, clientSize.cx, clientSize.cy), &frame, 1);
     grid.SetFont(GUI::CPreferences::GetFont());
     char const* const names[] = {"Name", "Count", "Price"};
     for (std::size_t fid = 0; fid < widths.size(); ++fid)
@@ -54,7 +53,7 @@ Scene::Scene(CSize clientSize, std::vector<int> const& widths) : header(new GUI:
 Scene::~Scene()
 {
     grid.DeleteAll(GUI::AllContexts);
-    m_frame.DestroyWindow();
+    frame.DestroyWindow();
     --g_scenes;
 }
 
@@ -91,7 +90,7 @@ Platform::Surface Scene::Paint(std::vector<CRect> const& areas)
 
 Platform::Surface Scene::Show()
 {
-    m_frame.ShowWindow(SW_SHOW);
+    frame.ShowWindow(SW_SHOW);
     return Shown();
 }
 
@@ -100,10 +99,10 @@ Platform::Surface Scene::Shown()
     Platform::ProcessPending();
     CRect window;
     grid.GetWindowRect(&window);
-    Platform::HeadlessWindow const* const frame = Platform::HeadlessDisplay::OfThread().WindowAt(window.TopLeft());
-    window.OffsetRect(-frame->Bounds().left, -frame->Bounds().top);
+    Platform::HeadlessWindow const* const top = Platform::HeadlessDisplay::OfThread().WindowAt(window.TopLeft());
+    window.OffsetRect(-top->Bounds().left, -top->Bounds().top);
     Platform::Surface shown(window.Width(), window.Height());
-    shown.CopyFrom(frame->Pixels(), window, CPoint(0, 0));
+    shown.CopyFrom(top->Pixels(), window, CPoint(0, 0));
     return shown;
 }
 

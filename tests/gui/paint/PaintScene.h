@@ -17,7 +17,7 @@
 #include <ostrel/platform/drawing/Bitmap.h>
 #include <ostrel/platform/drawing/DeviceContext.h>
 #include <ostrel/platform/drawing/ImageList.h>
-#include <ostrel/platform/window/FrameWnd.h>
+#include <ostrel/testing/NotificationLog.h>
 
 namespace PaintTest
 {
@@ -74,9 +74,9 @@ public:
     Ostrel::GUI::CGrid grid;
     Ostrel::GUI::CHeader* header; ///< the grid owns it
     Ostrel::GUI::Detail::GridPaintState state;
+    Ostrel::Testing::NotificationLog frame; ///< the window around the grid
 
 private:
-    CFrameWnd m_frame;
     std::vector<std::unique_ptr<Row>> m_rows;
 };
 

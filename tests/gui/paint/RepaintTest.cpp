@@ -1,6 +1,8 @@
 // What the window shows after any change is what painting all of it anew would show: nothing is left behind by moved
-// pixels or by areas that were not invalidated.
+// pixels or by areas that were not invalidated. And the grid is the same before and after it is painted: its settings,
+// rows, selection, scroll positions and update times, and nobody is told anything.
 #include <algorithm>
+#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@
 #include <ostrel/platform/drawing/SystemLook.h>
 #include <ostrel/platform/window/MessageLoop.h>
 
+#include "../header/ArchiveBytes.h"
 #include "PaintScene.h"
 
 using namespace Ostrel;
@@ -24,11 +27,27 @@ using Platform::Surface;
 namespace
 {
 
+enum class Sizes
+{
+    Usual,
+    Extreme ///< now and then far outside of what makes sense
+};
+
+class AnyHeight : public CCustomDraw
+{
+public:
+    AnyHeight() : CCustomDraw(false) {}
+    int GetOptimalRowHeight(CFont* /*font*/, CDC& /*dc*/) const override { return height; }
+
+    int height = 14;
+};
+
 class RandomUser
 {
 public:
-    explicit RandomUser(unsigned seed)
+    RandomUser(unsigned seed, Sizes sizes)
         : m_random(seed),
+          m_sizes(sizes),
           m_pictures({12, 8}, SomePixels()),
           m_scene(CSize(Below(160) + 90, Below(110) + 60), {Below(90) + 10, Below(90) + 10, Below(90) + 10})
     {
@@ -57,8 +76,10 @@ public:
         Act(static_cast<Action>(Below(kActionCount)));
         Platform::TurnClock(20); // a change of widths is painted a little later
         Surface const shown = m_scene.Shown();
+        std::string const state = State();
         m_scene.grid.Invalidate(FALSE);
-        return FirstDifference(shown, m_scene.Shown());
+        std::string const difference = FirstDifference(shown, m_scene.Shown());
+        return State() == state ? difference : "painting has changed the grid";
     }
     [[nodiscard]] int LastAction() const { return m_last; }
 
@@ -91,11 +112,42 @@ private:
         ChangePicture,
         ChangeImages,
         ChangeSwitches,
+        ChangeSizes,
         kActionCount
     };
 
     int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
     bool Maybe() { return Below(2) == 0; }
+    int Size(int limit)
+    {
+        using Int = std::numeric_limits<int>;
+        constexpr int kExtremes[] = {0, 1, -1, 7, -100'000, 32768, 1 << 24, 1 << 30, Int::max(), Int::min()};
+        bool const isExtreme = m_sizes == Sizes::Extreme && Below(3) == 0;
+        return isExtreme ? kExtremes[Below(std::size(kExtremes))] : Below(limit);
+    }
+
+    /// All that can be asked for.
+    std::string State()
+    {
+        CGrid& grid = m_scene.grid;
+        std::vector<int> numbers{static_cast<int>(grid.GetFocusedContext()), grid.GetFocusedRow(), grid.GetFirstVisibleRow(),
+                                 grid.GetScrollPos(SB_HORZ), grid.GetScrollPos(SB_VERT)};
+        for (ContextType const area : {FixedContext, ScrollableContext})
+        {
+            for (int row = 0; row < static_cast<int>(grid.GetRowCount(area)); ++row)
+            {
+                numbers.push_back(grid.IsSelected(row, area));
+                numbers.push_back(grid.IsExpanded(grid.GetItem(row, area)));
+                for (long const fid : {kNameFid, kCountFid, kPriceFid, -1L})
+                {
+                    numbers.push_back(grid.GetTimeElapsedSinceLastUpdate(row, area, fid));
+                }
+            }
+        }
+        std::string state = GUI::Testing::Hex(GUI::Testing::Store(grid)) + m_scene.frame.Text();
+        std::ranges::for_each(numbers, [&](int number) { state += ' ' + std::to_string(number); });
+        return state;
+    }
 
     ContextType AnyContext() { return Below(4) == 0 ? FixedContext : ScrollableContext; }
     CGridItem* AnyRow()
@@ -138,13 +190,13 @@ private:
             grid.Delete(row);
             break;
         case Resize:
-            m_scene.Column(Below(3)).SetWidth(Below(120) + 1);
+            m_scene.Column(Below(3)).SetWidth(Size(120));
             break;
         case Sort:
             m_scene.header->SetSort(0, CSortInfo(Below(3), Maybe()));
             break;
         case Fix:
-            m_scene.header->SetFixedColumnsCount(Below(3));
+            m_scene.header->SetFixedColumnsCount(Size(3));
             break;
         case Wait:
             Platform::TurnClock(Below(300));
@@ -193,18 +245,29 @@ private:
             grid.SetImageList(Maybe() ? &m_pictures.list : nullptr, Maybe());
             grid.SetCustomDraw(Maybe() ? &m_spacious : nullptr);
             break;
+        case ChangeSizes:
+            m_scene.header->SetHeaderHeight(Size(40));
+            m_scene.Column(kCountFid).SetCellImageId(Size(2));
+            m_scene.Column(kCountFid).SetColumnImageId(Size(2));
+            grid.InvalidateCell(AnyRow(), kCountFid, Size(50));
+            m_high.height = Size(24);
+            grid.SetCustomDraw(nullptr);
+            grid.SetCustomDraw(&m_high);
+            break;
         default:
             Below(3) == 0 ? grid.HideHeader() : grid.ShowHeader();
             grid.AllowHighlight(Maybe());
-            grid.SetContextSeparatorHeight(Below(5));
+            grid.SetContextSeparatorHeight(Size(5));
             grid.SetPaintFilter(Maybe() ? PaintAll : static_cast<unsigned>(Below(PaintAll)) | PaintBackground);
             break;
         }
     }
 
     std::mt19937 m_random;
+    Sizes m_sizes;
     Pictures m_pictures;
     CSpaciousDraw m_spacious{false};
+    AnyHeight m_high;
     Scene m_scene;
     Action m_last = Wait;
 };
@@ -214,10 +277,10 @@ private:
 TEST(RepaintTest, ChangesLeaveNothingBehind)
 {
     Platform::Clock::SetManual(1000);
-    for (unsigned seed = 0; seed < 60; ++seed)
+    for (unsigned seed = 0; seed < 70; ++seed)
     {
         Platform::SetScale(seed % 3 == 0 ? 2 : 1);
-        RandomUser user(seed);
+        RandomUser user(seed, seed < 60 ? Sizes::Usual : Sizes::Extreme);
         for (int step = 0; step < 60; ++step)
         {
             ASSERT_EQ(user.Step(), "") << "seed " << seed << " step " << step << " action " << user.LastAction();
