@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include <ostrel/platform/base/Archive.h>
 #include <ostrel/platform/base/Exception.h>
 #include <ostrel/platform/base/File.h>
@@ -61,6 +63,28 @@ inline std::string WithoutBlanks(std::string text)
 {
     std::erase(text, ' ');
     return text;
+}
+
+/// The bytes as written by hand and a round trip; that an archive which is cut anywhere or newer throws, that an older
+/// one does not, and that none of them changes anything.
+template <class T>
+void CheckArchive(T stored, std::string const& expectedHex, T const& blank = T())
+{
+    Bytes bytes = Store(stored);
+    EXPECT_EQ(Hex(bytes), WithoutBlanks(expectedHex));
+    T loaded = blank;
+    for (std::size_t length = 0; length < bytes.size(); ++length)
+    {
+        EXPECT_EQ(Load(loaded, std::span(bytes).first(length)), CArchiveException::endOfFile) << length;
+    }
+    bytes[0] = 2;
+    EXPECT_EQ(Load(loaded, bytes), CArchiveException::badSchema);
+    bytes[0] = 0;
+    EXPECT_EQ(Load(loaded, bytes), kLoaded);
+    EXPECT_TRUE(loaded == blank);
+    bytes[0] = 1;
+    EXPECT_EQ(Load(loaded, bytes), kLoaded);
+    EXPECT_TRUE(loaded == stored);
 }
 
 } // namespace Ostrel::GUI::Testing

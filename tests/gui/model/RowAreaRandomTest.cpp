@@ -175,53 +175,32 @@ void RowAreaRandomTest::Step()
     m_changes = RowChanges();
     m_reference.events.clear();
     std::vector<CGridItem*> const before = m_reference.VisibleRows();
-    bool isOrderChange = false;
-    switch (int const choice = Random(40))
+    int const choice = Random(40);
+    bool const isOrderChange = choice < 11;
+    if (choice < 10)
     {
-    default:
-        AddOrRemove(choice % 4);
-        break;
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-        MoveOrDetach();
-        break;
-    case 5:
-    case 6:
-    case 7:
-    case 8:
-    case 9:
-    case 10:
-        ChangeVisibility(Random(8) == 0 ? 3 : Random(3));
-        break;
-    case 11:
-        isOrderChange = true;
-        ChangeOrder();
-        break;
-    case 12:
-    case 13:
-    case 14:
-    case 15:
-    case 16:
-    case 17:
-    case 18:
-    case 19:
-    case 20:
-    case 21:
-        isOrderChange = true;
         Update();
-        break;
-    case 22:
-    case 23:
-    case 24:
-        if (ReferenceRow* const row = AnyRow())
-        {
-            EXPECT_NE(RowArea::Select(*row->item, !row->isSelected), false);
-            row->isSelected = !row->isSelected;
-        }
-        break;
+    }
+    else if (choice < 11)
+    {
+        ChangeOrder();
+    }
+    else if (choice < 17)
+    {
+        ChangeVisibility(Random(8) == 0 ? 3 : Random(3));
+    }
+    else if (choice < 22)
+    {
+        MoveOrDetach();
+    }
+    else if (choice < 37)
+    {
+        AddOrRemove(choice % 4);
+    }
+    else if (ReferenceRow* const row = AnyRow())
+    {
+        EXPECT_TRUE(RowArea::Select(*row->item, !row->isSelected));
+        row->isSelected = !row->isSelected;
     }
     EXPECT_EQ(m_changes.events, m_reference.events);
     std::vector<CGridItem*> const after = m_reference.VisibleRows();
@@ -281,17 +260,9 @@ TEST_P(RowAreaRandomTest, AgreesWithTheNaiveModel)
             FAIL() << "at operation " << operation;
         }
     }
-    EXPECT_EQ(
-        ItemPool::LiveCount() - before + 1, m_reference.AllRows().size() + 1 +
-                                                [this]
-                                                {
-                                                    std::size_t count = 0;
-                                                    for (ReferenceRow* const row : m_detached)
-                                                    {
-                                                        count += RowArea::DeletionOrder(*row->item).size();
-                                                    }
-                                                    return count;
-                                                }());
+    std::size_t rows = m_reference.AllRows().size();
+    std::ranges::for_each(m_detached, [&](auto* row) { rows += RowArea::DeletionOrder(*row->item).size(); });
+    EXPECT_EQ(ItemPool::LiveCount() - before, rows);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RowAreaRandomTest,

@@ -70,52 +70,6 @@ TEST_F(RowAreaTest, PlacesARowAfterTheAncestorOfAnyRowOfTheArea)
     EXPECT_TRUE(RowArea::Children(*b, true).empty());
 }
 
-TEST_F(RowAreaTest, RowsBelongToOneArea)
-{
-    RowArea other{ScrollableContext, nullptr};
-    CGridItem* const top = Add();
-    CGridItem* const child = Add(*top);
-    RowArea::Select(*child, true);
-    RowArea::Select(*top, true);
-    EXPECT_TRUE(m_area.Contains(child));
-    EXPECT_FALSE(other.Contains(child));
-    m_area.Remove(*top, m_changes);
-    EXPECT_FALSE(m_area.Contains(child));
-    EXPECT_EQ(m_area.SelectedCount(), 0);
-    EXPECT_EQ(child->Area(), &RowArea::Detached());
-    other.Insert(*top, other.Root(), nullptr, m_changes);
-    EXPECT_TRUE(other.Contains(child));
-    EXPECT_EQ(other.SelectedCount(), 2);
-    EXPECT_EQ(other.Selected(true), std::vector{top});
-}
-
-TEST_F(RowAreaTest, DeletionIsToldFromTheLastChildUpwards)
-{
-    CGridItem* const top = Add();
-    CGridItem* const a = Add(*top);
-    CGridItem* const aa = Add(*a);
-    CGridItem* const b = Add(*top);
-    EXPECT_EQ(RowArea::DeletionOrder(*top), (std::vector{b, aa, a, top}));
-    EXPECT_EQ(RowArea::DeletionOrder(m_area.Root()).size(), 4U);
-}
-
-TEST_F(RowAreaTest, SelectsAllVisibleRowsAndNoOthers)
-{
-    CGridItem* const a = Add();
-    Add(*a);
-    CGridItem* const b = Add();
-    CGridItem* const shown = Add(*b);
-    m_area.Expand(*b, Recursion::ItemOnly, m_changes);
-    RowArea::Select(*b, true);
-    std::vector<CGridItem*> changed;
-    m_area.SelectAllVisible(&changed);
-    EXPECT_EQ(changed, (std::vector{a, shown}));
-    EXPECT_EQ(m_area.SelectedCount(), 3);
-    m_area.DestroyAll();
-    EXPECT_EQ(m_area.SelectedCount(), 0);
-    EXPECT_EQ(m_area.RowCount(), 0);
-}
-
 TEST_F(RowAreaTest, AFilterThatThrowsChangesNothing)
 {
     ThrowingFilter filter;

@@ -64,7 +64,7 @@ protected:
     void Update(CGridItem& item, CValue value)
     {
         m_values.values[reinterpret_cast<std::size_t>(item.Object())][0] = std::move(value);
-        m_lastMove = m_area.Reposition(item);
+        m_area.Reposition(item);
         EXPECT_EQ(m_area.CheckInvariants(), "");
     }
     std::vector<CGridItem*> Rows() const { return RowArea::Children(m_area.Root(), true); }
@@ -72,7 +72,6 @@ protected:
     ListedValues m_values;
     RowArea m_area{ScrollableContext, &m_values};
     std::vector<CGridItem*> m_loose;
-    RowMove m_lastMove;
 };
 
 TEST_F(SortOrderTest, ComparesOneLevel)
@@ -140,30 +139,6 @@ TEST_F(SortOrderTest, ComparesFurtherLevelsOnlyWhereTheEarlierOnesAreEqual)
     EXPECT_EQ(Compare(order, {text, text, CValue(1L)}, {text, text, CValue(1L)}), Ordering::Equal);
     EXPECT_EQ(Compare(order, {text, CValue(1L), CValue(1L)}, {text, CValue(1.0), CValue(2L)}), Ordering::Incomparable);
     EXPECT_EQ(Compare(order, {CValue(), CValue(1.0), text}, {CValue(), CValue(2.0), text}), Ordering::Incomparable);
-}
-
-TEST_F(SortOrderTest, InsertsBehindEqualRowsAndMovesUpdatedOnesNoFurtherThanNeeded)
-{
-    SortLevel const levels[] = {{0, false}};
-    m_area.Sort(levels);
-    CGridItem* const three = Add({CValue(3L)});
-    CGridItem* const one = Add({CValue(1L)});
-    CGridItem* const two = Add({CValue(2L)});
-    CGridItem* const otherTwo = Add({CValue(2L)});
-    EXPECT_EQ(Rows(), (std::vector{one, two, otherTwo, three}));
-    Update(*one, CValue(2L)); // equal to its neighbour: stays
-    EXPECT_FALSE(m_lastMove.moved);
-    Update(*three, CValue(2L));
-    EXPECT_EQ(Rows(), (std::vector{one, two, otherTwo, three}));
-    Update(*two, CValue(3L)); // forward, but not past rows that are not smaller
-    EXPECT_EQ(Rows(), (std::vector{one, otherTwo, three, two}));
-    EXPECT_EQ(m_lastMove.from, 1);
-    EXPECT_EQ(m_lastMove.to, 3);
-    Update(*one, CValue(9L));
-    Update(*otherTwo, CValue(9L)); // lands before its equal
-    EXPECT_EQ(Rows(), (std::vector{three, two, otherTwo, one}));
-    Update(*one, CValue(3L)); // back behind its equal
-    EXPECT_EQ(Rows(), (std::vector{three, two, one, otherTwo}));
 }
 
 TEST_F(SortOrderTest, RowsWithoutAValueStayWhereTheyAre)

@@ -10,9 +10,9 @@
 #include <ostrel/common/dataobject/FieldMapBuilder.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/header/Column.h>
-#include <ostrel/gui/paint/CustomDraw.h>
 #include <ostrel/testing/Driver.h>
 #include <ostrel/testing/GridWindow.h>
+#include <ostrel/testing/PaintRecorder.h>
 #include <ostrel/testing/Workers.h>
 
 using namespace Ostrel;
@@ -94,26 +94,6 @@ private:
     Stay& m_stay;
 };
 
-class Counter : public CCustomDraw
-{
-public:
-    Counter() : CCustomDraw(false) {}
-
-    void DrawHeader(CHeaderPaintInfo& info, CPaintContext const& context, unsigned int filter) override
-    {
-        CCustomDraw::DrawHeader(info, context, filter);
-        ++headers;
-    }
-    void DrawLine(CGridLine& line, CPaintContext const& context, unsigned int filter) override
-    {
-        CCustomDraw::DrawLine(line, context, filter);
-        ++lines;
-    }
-
-    int headers = 0;
-    int lines = 0; ///< with the empty ones
-};
-
 class NeverWaitsTest : public testing::Test
 {
 protected:
@@ -122,8 +102,7 @@ protected:
     /// Paints the whole page while the worker is where it stays.
     void PaintMeanwhile(std::function<void()> const& work)
     {
-        Counter counter;
-        grid.Grid().SetCustomDraw(&counter);
+        PaintRecorder counter(grid);
         Workers workers;
         workers.Add("worker", work);
         workers.Start();
@@ -133,12 +112,11 @@ protected:
             grid.Grid().RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
         }
         EXPECT_FALSE(stay.IsTooLate()) << "the page waited for the worker";
-        EXPECT_GE(counter.headers, 3);
-        EXPECT_GE(counter.lines, 9);
+        EXPECT_GE(counter.HeaderCount(), 3);
+        EXPECT_GE(counter.LineCount(), 9);
         stay.End();
         workers.Join();
         driver.RunUntilIdle();
-        grid.Grid().SetCustomDraw(nullptr);
     }
 
     Driver driver{{.time = Driver::Time::Running}};

@@ -130,8 +130,8 @@ private:
     std::string State()
     {
         CGrid& grid = m_scene.grid;
-        std::vector<int> numbers{static_cast<int>(grid.GetFocusedContext()), grid.GetFocusedRow(), grid.GetFirstVisibleRow(),
-                                 grid.GetScrollPos(SB_HORZ), grid.GetScrollPos(SB_VERT)};
+        std::vector<int> numbers{static_cast<int>(grid.GetFocusedContext()), grid.GetFocusedRow(),
+                                 grid.GetFirstVisibleRow(), grid.GetScrollPos(SB_HORZ), grid.GetScrollPos(SB_VERT)};
         for (ContextType const area : {FixedContext, ScrollableContext})
         {
             for (int row = 0; row < static_cast<int>(grid.GetRowCount(area)); ++row)
