@@ -27,9 +27,11 @@ TEST(ValueArchiveTest, EachHasItsBytes)
     CheckArchive(CColorBlend(0xB46464, 60), "01000000 6464B400 3C");
     CheckArchive(CHighlightSettings(2000, 0x0000FF, 0xFF0000, 150, 151, 30, CHighlightSettings::BackFading),
                  "01000000 D0070000 FF000000 0000FF00 96 97 1E000000 08000000");
-    CheckArchive(MakeAppearance(), "01000000 03020100 00000000 FFFFFF00 FFFFFF00 80808000 0C0B0A00"
-                                   "01000000 6464B400 3C 01000000 6464B400 1E 01000000 B496B400 32 01000000 33221100 44"
-                                   "00000000 01000000");
+    CheckArchive(MakeAppearance(),
+                 "01000000 03020100 00000000 FFFFFF00 FFFFFF00 80808000 0C0B0A00"
+                 "01000000 6464B400 3C 01000000 6464B400 1E 01000000 B496B400 32 01000000 33221100 44"
+                 "00000000 01000000",
+                 CAppearance(), false);
 }
 
 TEST(ValueArchiveTest, AnySwitchButZeroIsOn)
