@@ -53,7 +53,7 @@ struct OSTREL_TESTING_API GridWindowParts
 ///     grid.AddRows({"red", "green", "blue"});
 ///     grid.ClickRow("red");
 ///     EXPECT_EQ(grid.SelectionText(), "selected=red focus=red");
-///     EXPECT_EQ(grid.Notifications().Text(), "FocusChanged red gained; SelectionChanged red selected");
+///     EXPECT_EQ(grid.Notifications().Text(), "SelectionChanged red selected; FocusChanged red gained");
 ///
 /// The window is visible and has the focus when the constructor returns. Rows are TestObjects that the window owns.
 class OSTREL_TESTING_API GridWindow : private Detail::GridWindowParts, public GridDriver

@@ -109,6 +109,12 @@ TEST_F(NavigationTest, DraggingSelectsTheRowsThatItPasses)
 {
     grid.DragRow("b", "d");
     EXPECT_EQ(grid.SelectionText(), "selected=b,c,d focus=b");
+    driver.Press(Grid(), grid.RowPoint("b"));
+    driver.MovePointer(Grid(), grid.RowPoint("d"));
+    Grid().MoveAfter(Item("e"), nullptr, FirstPosition);
+    driver.MovePointer(Grid(), grid.RowPoint("c"));
+    EXPECT_EQ(grid.SelectionText(), "selected=b,c focus=-") << "from the row that was pressed, wherever it is now";
+    driver.Release();
     Grid().AllowMouseTrackSelection(false);
     grid.DragRow("a", "c");
     EXPECT_EQ(grid.SelectionText(), "selected=a focus=a");
@@ -164,6 +170,10 @@ TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)
     EXPECT_EQ(grid.SelectionText(), "selected=b,d focus=d");
     driver.Release();
     EXPECT_EQ(grid.SelectionText(), "selected=b focus=b");
+    driver.Press(Grid(), grid.RowPoint("b"));
+    Grid().Delete(Item("a"));
+    driver.Release();
+    EXPECT_EQ(grid.SelectionText(), "selected=b focus=b") << "the row that was pressed, wherever it is now";
     AfterClick("d", Modifier::Ctrl);
     grid.DragRow("b", "e");
     EXPECT_EQ(grid.SelectionText(), "selected=b,d focus=d") << "a drag is no click";

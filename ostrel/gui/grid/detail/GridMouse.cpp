@@ -51,17 +51,17 @@ void GridMouse::OnLeftDown(CPoint clientPoint, WPARAM keys, bool isDoubleClick)
         return;
     }
     GridView::Hit const hit = m_core.View().RowAt(clientPoint);
-    m_pressPlace = {hit.row, hit.type};
+    m_pressed = HoldOn({hit.row, hit.type});
     m_mayTrack = false;
-    if (PressExpandButton(clientPoint, m_pressPlace))
+    if (PressExpandButton(clientPoint, m_pressed.place))
     {
         return;
     }
-    m_isClickDue = WaitsForRelease(m_pressPlace, keys);
+    m_isClickDue = WaitsForRelease(m_pressed.place, keys);
     if (!m_isClickDue)
     {
         m_mayTrack = hit.row >= 0;
-        Click(m_pressPlace, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+        Click(m_pressed.place, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
     }
 }
 
@@ -99,9 +99,9 @@ void GridMouse::OnLeftUp(CPoint clientPoint, WPARAM keys)
         CallbackErrors::Keep([&]()
                              { m_header.Release(clientPoint, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0); });
     }
-    if (std::exchange(m_isClickDue, false))
+    if (std::exchange(m_isClickDue, false) && m_core.AreaOf(m_pressed.item) != nullptr)
     {
-        Click(m_pressPlace, false, false);
+        Click(PlaceNow(m_pressed), false, false);
     }
     EndTracking();
     m_core.Freeze().OnRelease();
@@ -265,6 +265,18 @@ GridMouse::Place GridMouse::PlaceOf(int sequence) const
     return sequence < fixedRows ? Place{sequence, FixedContext} : Place{sequence - fixedRows, ScrollableContext};
 }
 
+GridMouse::Hold GridMouse::HoldOn(Place place) const
+{
+    return {place, m_core.ItemAt(place.row, place.type)};
+}
+
+GridMouse::Place GridMouse::PlaceNow(Hold const& hold) const
+{
+    GridArea const* const area = m_core.AreaOf(hold.item);
+    int const row = area != nullptr ? RowArea::RowOf(*hold.item) : -1;
+    return row >= 0 ? Place{row, area->Type()} : hold.place;
+}
+
 GridMouse::Place GridMouse::PlaceNear(CPoint clientPoint) const
 {
     GridGeometry const geometry = m_core.View().Geometry();
@@ -290,7 +302,7 @@ void GridMouse::BeginTracking()
         return;
     }
     m_isTracking = true;
-    m_trackedPlace = m_pressPlace;
+    m_tracked = m_pressed;
 }
 
 void GridMouse::Track(CPoint clientPoint)
@@ -320,11 +332,13 @@ void GridMouse::ScrollFromNowOn(bool scroll)
 void GridMouse::ExtendTo(Place place)
 {
     GridSelection& selection = m_core.Selection();
-    if (place == m_trackedPlace || place.row < 0)
+    Place const tracked = PlaceNow(m_tracked);
+    if (place == tracked || place.row < 0)
     {
         return;
     }
-    int const from = SequenceOf(std::exchange(m_trackedPlace, place));
+    m_tracked = HoldOn(place);
+    int const from = SequenceOf(tracked);
     int const to = SequenceOf(place);
     if (!selection.allowMultiSelection)
     {
@@ -332,7 +346,7 @@ void GridMouse::ExtendTo(Place place)
         selection.Select(place.row, place.type, true);
         return;
     }
-    auto const [rangeFirst, rangeLast] = std::minmax({SequenceOf(m_pressPlace), to});
+    auto const [rangeFirst, rangeLast] = std::minmax({SequenceOf(PlaceNow(m_pressed)), to});
     for (int sequence = std::min(from, to); sequence <= std::max(from, to); ++sequence)
     {
         Place const each = PlaceOf(sequence);
@@ -352,7 +366,7 @@ void GridMouse::OnTimer()
         return;
     }
     bool const isAbove = m_pointer.y < m_core.View().Geometry().ScrollableRect().top;
-    if (isAbove && m_pressPlace.type == FixedContext)
+    if (isAbove && m_pressed.place.type == FixedContext)
     {
         return;
     }

@@ -33,6 +33,12 @@ public:
 
 private:
     using Place = GridSelection::Place;
+    /// A row that a gesture holds on to while rows come and go around it.
+    struct Hold
+    {
+        Place place;
+        CGridItem* item = nullptr;
+    };
 
     [[nodiscard]] bool IsOnExpandButton(CPoint clientPoint, CGridItem const& item, CRect const& rowRect) const;
     bool PressExpandButton(CPoint clientPoint, Place place);
@@ -51,6 +57,9 @@ private:
     void ScrollFromNowOn(bool scroll);
     /// The row that the pointer stands for while selecting: outside, the nearest shown one.
     [[nodiscard]] Place PlaceNear(CPoint clientPoint) const;
+    [[nodiscard]] Hold HoldOn(Place place) const;
+    /// Where the row is now; where it was when it has gone.
+    [[nodiscard]] Place PlaceNow(Hold const& hold) const;
     [[nodiscard]] int SequenceOf(Place place) const;
     [[nodiscard]] Place PlaceOf(int sequence) const;
     void MoveBand(CPoint to);
@@ -64,7 +73,7 @@ private:
     bool m_isScrolling = false;
     CPoint m_pressPoint;
     CPoint m_pointer;
-    Place m_pressPlace;
-    Place m_trackedPlace;
+    Hold m_pressed;
+    Hold m_tracked;
 };
 } // namespace Ostrel::GUI::Detail
