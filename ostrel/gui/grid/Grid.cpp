@@ -46,6 +46,22 @@ BOOL CGrid::Create(DWORD style, RECT const& rect, CWnd* parent, UINT controlId)
     return CWnd::Create(kWindowClass, "", style, rect, parent, controlId);
 }
 
+BOOL CGrid::SetScrollInfo(int bar, SCROLLINFO const* info, BOOL redraw)
+{
+    int const before = m_core->Scroller().HorizontalPosition();
+    BOOL const isSet = CWnd::SetScrollInfo(bar, info, redraw);
+    m_core->Scroller().OnHorizontalPosition(before);
+    return isSet;
+}
+
+int CGrid::SetScrollPos(int bar, int position, BOOL redraw)
+{
+    int const before = m_core->Scroller().HorizontalPosition();
+    int const positionBefore = CWnd::SetScrollPos(bar, position, redraw);
+    m_core->Scroller().OnHorizontalPosition(before);
+    return positionBefore;
+}
+
 BOOL CGrid::PreCreateWindow(CREATESTRUCT& create)
 {
     create.lpszClass = kWindowClass;

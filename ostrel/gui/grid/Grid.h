@@ -122,7 +122,6 @@ public:
     int GetRow(CGridItem* item) const;
     int GetRow(Common::CDataObject const* object) const;
     ///@}
-
     ///@{
     /// The area that the row is in, NoContext for none. Of an object the row that GetItem gives.
     ContextType GetContextType(CGridItem* item) const;
@@ -143,21 +142,18 @@ public:
     bool IsExpanded(CGridItem* item) const;
     bool IsExpanded(Common::CDataObject const* object) const;
     ///@}
-
     ///@{
     /// Whether the row has a row number: its parents are expanded and no filter hides it. It may still be scrolled out
     /// of the window, see IsInVisibleRect.
     bool IsVisible(CGridItem* item) const;
     bool IsVisible(Common::CDataObject const* object) const;
     ///@}
-
     ///@{
     /// The visible row above, or below. With `crossAreas` the last fixed row and the first scrollable one are
     /// neighbours. Null at the end.
     CGridItem* GetPreviousItem(CGridItem* item, bool crossAreas) const;
     CGridItem* GetNextItem(CGridItem* item, bool crossAreas) const;
     ///@}
-
     ///@{
     /// The object that the row shows; null when absent.
     Common::CDataObject* GetDataObject(CGridItem* item) const;
@@ -186,7 +182,6 @@ public:
     std::string GetFormattedStlString(CGridItem* item, long fid, Common::CFormat const* format = nullptr) const;
     CString GetFormattedMfcString(CGridItem* item, long fid, Common::CFormat const* format = nullptr) const;
     ///@}
-
     ///@{
     /// Sets a cell through its object's setters, which do the notifying; a text is read by the format that would write
     /// it. False when the object refuses.
@@ -469,6 +464,11 @@ public:
     ///@}
     /// Recalculates the scroll bars.
     void ResetScroll();
+    ///@{
+    /// As a window's; another horizontal position scrolls the columns that are not fixed.
+    BOOL SetScrollInfo(int bar, SCROLLINFO const* info, BOOL redraw = TRUE);
+    int SetScrollPos(int bar, int position, BOOL redraw = TRUE);
+    ///@}
 
     // --- Header ---
 

@@ -127,6 +127,26 @@ TEST_F(ScrollingTest, BarsThatAreNeededOnlyBecauseOfEachOtherGo)
     EXPECT_EQ(resize(420), 0U);
 }
 
+TEST_F(ScrollingTest, AHorizontalPositionIsShownHoweverItCame)
+{
+    GridWindow wide(driver, {.title = "Wide", .columns = "Name:100|Price:300,Quantity:300"});
+    CGrid& other = wide.Grid();
+    auto const isPaintedAnew = [&](auto const& scroll)
+    {
+        driver.RunUntilIdle();
+        scroll();
+        return other.GetUpdateRect(nullptr) != FALSE;
+    };
+    SCROLLINFO info;
+    info.cbSize = sizeof info;
+    info.fMask = SIF_POS;
+    info.nPos = 80;
+    EXPECT_TRUE(isPaintedAnew([&] { other.SetScrollPos(SB_HORZ, 50); }));
+    EXPECT_FALSE(isPaintedAnew([&] { other.SetScrollPos(SB_HORZ, 50); }));
+    EXPECT_TRUE(isPaintedAnew([&] { other.SetScrollInfo(SB_HORZ, &info); }));
+    EXPECT_TRUE(isPaintedAnew([&] { other.SendMessage(WM_HSCROLL, SB_LEFT); }));
+}
+
 TEST_F(ScrollingTest, ScrollsIntoViewJustEnoughAndMergesUntilThePaint)
 {
     Grid().EnsureVisible(page - 1);

@@ -65,8 +65,11 @@ int GridScroller::HorizontalPosition() const
 
 void GridScroller::SetHorizontalPosition(int position)
 {
-    int const before = HorizontalPosition();
     m_core.Grid().SetScrollPos(SB_HORZ, position);
+}
+
+void GridScroller::OnHorizontalPosition(int before)
+{
     if (HorizontalPosition() != before)
     {
         m_core.View().InvalidateAll();

@@ -20,6 +20,8 @@ public:
     /// Pixels by which the scrollable columns are moved left.
     [[nodiscard]] int HorizontalPosition() const;
     void SetHorizontalPosition(int position);
+    /// Repaints when the position is no longer that of before.
+    void OnHorizontalPosition(int before);
 
     /// SB_ commands. thumb: the low 16 bits of the thumb's place, which the scroll bar knows whole.
     void OnVerticalScroll(int command, int thumb = 0);
