@@ -34,11 +34,13 @@ constexpr CodeName kCodes[] = {
 };
 
 /// A question mark in a grid that shows no column: this runs in a window procedure, which no exception may leave.
-std::string NameIn(GridDriver const& names, Common::CDataObject& object)
+/// Asks the grid, not the object, where the grid is the one that names the rows: it may have to leave its objects
+/// alone.
+std::string NameIn(GridDriver const& names, GUI::CGrid const& grid, GUI::CGridItem* item, Common::CDataObject& object)
 {
     try
     {
-        return names.NameOf(object);
+        return &names.Grid() == &grid ? names.NameOf(item) : names.NameOf(object);
     }
     catch (DriverError const&)
     {
@@ -138,7 +140,7 @@ std::string NotificationLog::NameOf(GUI::NM_GRIDITEM const& notification)
     {
         LearnNamesBelow(*notification.grid, notification.item);
     }
-    return m_known[notification.object] = NameIn(*m_names, *notification.object);
+    return m_known[notification.object] = NameIn(*m_names, *notification.grid, notification.item, *notification.object);
 }
 
 // Nothing else is told of the rows that come along below an attached one, and where their objects lie, others may have
@@ -148,7 +150,7 @@ void NotificationLog::LearnNamesBelow(GUI::CGrid& grid, GUI::CGridItem* item)
     for (GUI::CGridItem* const child : grid.GetChildren(item, false))
     {
         Common::CDataObject* const object = grid.GetDataObject(child);
-        m_known[object] = NameIn(*m_names, *object);
+        m_known[object] = NameIn(*m_names, grid, child, *object);
         LearnNamesBelow(grid, child);
     }
 }
