@@ -43,7 +43,7 @@ bool TypeAhead::OnKeyDown(unsigned int key)
         return false;
     }
     std::int32_t const nowMs = GridTimeMs();
-    bool const continues = !m_text.empty() && nowMs - m_lastKeyMs < intervalMs;
+    bool const continues = !m_text.empty() && ((nowMs - m_lastKeyMs) & 0x7FFFFFFF) < intervalMs; // the clock wraps
     m_lastKeyMs = nowMs;
     m_text = continues ? m_text + character : std::string(1, character);
     if (CGridItem* const item = Find(continues, column->GetFid()))
