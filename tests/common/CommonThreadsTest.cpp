@@ -88,29 +88,6 @@ TEST(CommonThreadsTest, FirstSubscriptionsMeet)
     }
 }
 
-TEST(CommonThreadsTest, SinksComeAndGoWhileOthersNotify)
-{
-    CCountingSink steady;
-    CCountingSink sinks[kThreads];
-    CQuote quote;
-    quote.AddSink(&steady);
-    OnAllThreads(
-        [&](int number)
-        {
-            for (int i = 0; i < kRounds; ++i)
-            {
-                quote.AddSink(&sinks[number]);
-                quote.NotifyUpdate(i);
-                quote.RemoveSink(&sinks[number]);
-            }
-        });
-    EXPECT_EQ(steady.m_count, kThreads * kRounds);
-    for (CCountingSink const& sink : sinks)
-    {
-        EXPECT_GE(sink.m_count, kRounds);
-    }
-}
-
 TEST(CommonThreadsTest, ADynamicObjectIsReadSetAndDeclaredByAll)
 {
     CDynamicObject object(true);

@@ -15,7 +15,6 @@ namespace Ostrel::Common
 namespace
 {
 
-using testing::ByteCount;
 using testing::FromHexText;
 using testing::StoredBytes;
 
@@ -68,20 +67,6 @@ TEST(ValueTest, RecordsHaveTheirBytesAndComeBack)
         stream >> restored;
         EXPECT_EQ(restored, value) << bytes;
         EXPECT_EQ(restored.GetType(), value.GetType()) << bytes;
-    }
-}
-
-TEST(ValueTest, ATruncatedRecordLeavesTheValueEmpty)
-{
-    for (auto const& [value, bytes] : AllTypes())
-    {
-        for (std::size_t length = 1; length < ByteCount(bytes); ++length)
-        {
-            CSerializer stream = FromHexText(bytes, length);
-            CValue restored(7L);
-            EXPECT_THROW(stream >> restored, CSerializer::SerializationException) << bytes << " cut to " << length;
-            EXPECT_EQ(restored.GetType(), TypeEmpty) << bytes << " cut to " << length;
-        }
     }
 }
 

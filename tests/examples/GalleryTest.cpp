@@ -93,14 +93,6 @@ TEST_F(GalleryTest, KeysChangePageAndScheme)
     EXPECT_EQ(driver.QuitCode(), 0);
 }
 
-TEST_F(GalleryTest, PagesFollowTheWindow)
-{
-    driver.Resize(window, CSize(700, 420));
-    list.ClickRow("Colours");
-    EXPECT_EQ(driver.Picture(window).Bounds().Size(), CSize(700, 420));
-    EXPECT_GE(CountColors(driver.Picture(window)), 20U);
-}
-
 // At the end of the posed time every column is as much older as it changed earlier.
 TEST_F(GalleryTest, HighlightingIsPosedWhileItFades)
 {

@@ -98,26 +98,6 @@ TEST(DriverTest, ActionsArriveAsInput)
     }
 }
 
-TEST(DriverTest, TimersFireInOrderAtTheirMoments)
-{
-    Driver driver;
-    Probe probe(driver);
-    std::int64_t const start = Clock::Milliseconds();
-    probe.onTimer = [&](UINT_PTR timerId)
-    {
-        probe.Note(std::to_string(timerId) + "@" + std::to_string(Clock::Milliseconds() - start));
-        if (timerId == 2)
-        {
-            probe.KillTimer(2);
-            probe.SetTimer(3, 11);
-        }
-    };
-    probe.SetTimer(1, 40);
-    probe.SetTimer(2, 30);
-    driver.Advance(85);
-    EXPECT_EQ(probe.TakeLog(), "2@30 1@40 3@41 3@52 3@63 3@74 1@80 3@85");
-}
-
 TEST(DriverTest, WaitsEndWithThePredicateOrTheLimit)
 {
     Driver driver;

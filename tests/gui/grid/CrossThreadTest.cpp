@@ -26,29 +26,6 @@ protected:
     }
 };
 
-TEST_F(CrossThreadTest, CallsGiveTheSameResultsOnAnyThread)
-{
-    grid.AddRows({"a", "b", "c"});
-    CGridItem* const b = Item("b");
-    OnWorker(
-        [&]()
-        {
-            EXPECT_EQ(Grid().GetRowCount(ScrollableContext), 3U);
-            EXPECT_EQ(Grid().GetRow(b), 1);
-            EXPECT_EQ(Grid().GetFormattedStlString(b, TestObject::Name), "b");
-            EXPECT_EQ(Grid().GetHandles(&grid.Object("b"), true, AllContexts), std::vector<CGridItem*>{b});
-            EXPECT_EQ(Grid().GetCellVisibleRect(b, kPrice).Width(), 80);
-            EXPECT_TRUE(Grid().Select(b, true));
-            SortByPrice(true);
-            EXPECT_EQ(Grid().GetSort(0), CSortInfo(kPrice, true));
-            Grid().NavigateDown(false, false);
-            Grid().UpdateItem(b, kPrice);
-            Grid().UpdateItem(reinterpret_cast<CGridItem*>(16), kPrice);
-        });
-    driver.RunUntilIdle();
-    EXPECT_GE(Grid().GetTimeElapsedSinceLastUpdate(b, kPrice), 0);
-}
-
 TEST_F(CrossThreadTest, AWindowThatWasThereBeforeItsObjectTakesCallsToo)
 {
     TestObject object({.name = "a"});
@@ -149,26 +126,6 @@ TEST_F(CrossThreadTest, RowsAddedElsewhereAreLaidOutTogetherLater)
     EXPECT_EQ(info.nMax, 59);
     OnWorker([&]() { objects.clear(); });
     EXPECT_EQ(Grid().GetRowCount(ScrollableContext), 0U);
-}
-
-TEST_F(CrossThreadTest, AnObjectsRowsAreGoneBeforeItsDestructorGoesOn)
-{
-    grid.AddRows({"a"});
-    auto object = std::make_unique<TestObject>(TestRow{.name = "short"});
-    Common::CDataObject const* const address = object.get();
-    CGridItem* const parent = Grid().Add(object.get(), ScrollableRoot, FirstPosition);
-    Grid().Add(&grid.Object("a"), parent, LastPosition);
-    Grid().Add(object.get(), FixedRoot, FirstPosition);
-    OnWorker(
-        [&]()
-        {
-            object->SetPrice(3); // still on its way when the object goes
-            object.reset();
-            EXPECT_FALSE(Grid().Exists(address));
-        });
-    EXPECT_EQ(grid.RowsText(), "rows=a") << "the row of another object below it has gone too";
-    grid.Object("a").SetPrice(1);
-    driver.RunUntilIdle();
 }
 
 TEST_F(CrossThreadTest, SnapshotsAreReadOnTheNotifyingThreadOnly)

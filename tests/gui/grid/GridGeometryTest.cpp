@@ -33,29 +33,6 @@ TEST(GridGeometryTest, BandsLieBelowEachOther)
     EXPECT_EQ(geometry.FittingRows(), 0);
 }
 
-TEST(GridGeometryTest, RowsOfPagesAndTheNearestScrollThatShowsARow)
-{
-    GridGeometry const geometry = Sample(10, 3);
-    EXPECT_EQ(geometry.FittingRows(), 4);
-    EXPECT_EQ(geometry.LastFirstRow(), 6);
-    EXPECT_EQ(geometry.RowsDown(), 4);
-    EXPECT_EQ(geometry.RowsUp(), 4);
-    EXPECT_EQ(Sample(10, 8).RowsDown(), 2) << "only the rows that there are";
-    EXPECT_EQ(Sample(10, 1).RowsUp(), 2);
-    EXPECT_EQ(Sample(0, 0).RowsUp(), 0);
-    EXPECT_EQ(geometry.ShownScrollableRows(), (RowRange{3, 7})) << "the last one is cut";
-
-    struct Case
-    {
-        int row;
-        int firstRow;
-    };
-    for (Case const each : {Case{0, 0}, Case{2, 2}, Case{3, 3}, Case{6, 3}, Case{7, 4}, Case{9, 6}})
-    {
-        EXPECT_EQ(geometry.FirstRowToShow(each.row), each.firstRow) << "row " << each.row;
-    }
-}
-
 TEST(GridGeometryTest, RowsUnderPoints)
 {
     GridGeometry const geometry = Sample(6, 3);

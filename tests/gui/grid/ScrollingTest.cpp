@@ -1,5 +1,3 @@
-#include <climits>
-
 #include <ostrel/platform/window/SystemParameters.h>
 
 #include "GridFixture.h"
@@ -195,19 +193,5 @@ TEST_F(ScrollingTest, TheAreasMeetBelowHeaderAndSeparator)
     EXPECT_TRUE(Grid().GetLineVisibleRect(Item("row99")).IsRectEmpty());
 }
 
-// Bands of any height are painted, above what does not fit any more.
-TEST_F(ScrollingTest, BandsOfAnyHeight)
-{
-    grid.AddFixed({.name = "fixed"});
-    for (int const height : {INT_MAX, INT_MIN, -1, 0})
-    {
-        Grid().SetContextSeparatorHeight(height);
-        driver.RunUntilIdle();
-        grid.Header().SetHeaderHeight(height);
-        driver.RunUntilIdle();
-        EXPECT_EQ(grid.Header().GetHeaderHeight(), height);
-        EXPECT_EQ(Grid().GetContextVisibleRect(ScrollableContext).IsRectEmpty(), height == INT_MAX);
-    }
-}
 } // namespace
 } // namespace Ostrel::Testing

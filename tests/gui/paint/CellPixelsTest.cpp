@@ -272,6 +272,7 @@ TEST(CellPixelsTest, ScrolledColumnsPassUnderTheFixedOnes)
         expected[static_cast<std::size_t>(edge)] = '#';
     }
     EXPECT_EQ(PixelsRight(pixels, {0, Scene::RowTop(0)}, 200, 0x0000FF), expected);
+    EXPECT_EQ(PixelsRight(pixels, {0, 2}, 199, GetSysColor(COLOR_BTNSHADOW)), expected.substr(0, 199)) << "titles";
 }
 
 TEST(CellPixelsTest, RubberBandIsBlendedAndFramed)

@@ -1,8 +1,5 @@
 // Painting any set of dirty rectangles gives the pixels of a full repaint inside them and touches nothing outside, with
 // and without the off-screen buffer, in random states of a grid.
-#include <algorithm>
-#include <random>
-
 #include <gtest/gtest.h>
 
 #include <ostrel/gui/edit/EditInPlaceSettings.h>
@@ -90,13 +87,14 @@ constexpr char const* kNames[] = {"",
                                   "WWWWWWWWWWWWWWWWWWWW",
                                   "👩‍💻 emoji"};
 
-class RandomScene
+class RandomScene : public Random
 {
 public:
     explicit RandomScene(unsigned seed)
-        : m_random(seed),
+        : Random(seed),
           m_size(Below(180) + 60, Below(110) + 40),
-          m_pictures({12, 8}, SomePixels()),
+          m_pictures({12, 8}, Pixels(24 * 8, Opacity::Any)), // of two images
+
           m_scene(m_size, {Below(110) + 1, Below(110) + 1, Below(110) + 1})
     {
         MakeRows();
@@ -108,8 +106,6 @@ public:
         m_scene.grid.SetCustomDraw(nullptr);
     }
 
-    [[nodiscard]] int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
-    [[nodiscard]] bool Maybe() { return Below(2) == 0; }
     [[nodiscard]] Scene& Grid() { return m_scene; }
 
     /// All that can look different about the same rows and columns.
@@ -146,16 +142,6 @@ public:
     }
 
 private:
-    std::vector<DWORD> SomePixels()
-    {
-        std::vector<DWORD> pixels(24 * 8); // of two images
-        for (DWORD& pixel : pixels)
-        {
-            pixel = static_cast<DWORD>(m_random()) | (Maybe() ? 0xFF000000U : 0U);
-        }
-        return pixels;
-    }
-
     void MakeRows()
     {
         std::vector<CGridItem*> parents{ScrollableRoot, ScrollableRoot, FixedRoot};
@@ -259,7 +245,6 @@ private:
         }
     }
 
-    std::mt19937 m_random;
     CSize m_size;
     Pictures m_pictures;
     Detail::PaintBuffers m_buffers;

@@ -118,23 +118,6 @@ TEST(HeaderPixelsTest, NarrowTitleKeepsItsMarkToItself)
     }
 }
 
-TEST(HeaderPixelsTest, ScrolledTitlesPassUnderTheFixedOnes)
-{
-    Scene scene({200, 60}, {50, 120, 120});
-    scene.header->SetFixedColumnsCount(1);
-    scene.ScrollTo(100);
-    Surface const pixels = scene.Paint();
-    std::string edges;
-    for (int x = 0; x < 200; ++x)
-    {
-        if (pixels.ColorAt(x, 2) == Shadow())
-        {
-            edges += std::to_string(x) + " ";
-        }
-    }
-    EXPECT_EQ(edges, "49 69 189 199 ");
-}
-
 TEST(HeaderPixelsTest, DraggedColumnShowsWhereItWouldGo)
 {
     Scene scene({300, 60});

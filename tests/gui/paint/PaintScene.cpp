@@ -106,6 +106,16 @@ Platform::Surface Scene::Shown()
     return shown;
 }
 
+std::vector<DWORD> Random::Pixels(std::size_t count, Opacity opacity)
+{
+    std::vector<DWORD> pixels(count);
+    for (DWORD& pixel : pixels)
+    {
+        pixel = static_cast<DWORD>(m_random()) | (opacity == Opacity::Full || Maybe() ? 0xFF000000U : 0U);
+    }
+    return pixels;
+}
+
 Pictures::Pictures(CSize imageSize, std::vector<DWORD> const& pixels)
 {
     int const count = static_cast<int>(pixels.size()) / (imageSize.cx * imageSize.cy);

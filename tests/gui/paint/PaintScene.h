@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,25 @@ public:
 
 private:
     std::vector<std::unique_ptr<Row>> m_rows;
+};
+
+/// What random scenes are made of.
+class Random
+{
+public:
+    explicit Random(unsigned seed) : m_random(seed) {}
+
+    [[nodiscard]] int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
+    [[nodiscard]] bool Maybe() { return Below(2) == 0; }
+    enum class Opacity
+    {
+        Full,
+        Any ///< of each pixel
+    };
+    [[nodiscard]] std::vector<DWORD> Pixels(std::size_t count, Opacity opacity);
+
+private:
+    std::mt19937 m_random;
 };
 
 /// A bitmap, and a list of the images of one size that lie in it side by side.

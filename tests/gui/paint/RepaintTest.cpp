@@ -3,7 +3,6 @@
 // rows, selection, scroll positions and update times, and nobody is told anything.
 #include <algorithm>
 #include <limits>
-#include <random>
 
 #include <gtest/gtest.h>
 
@@ -42,13 +41,13 @@ public:
     int height = 14;
 };
 
-class RandomUser
+class RandomUser : public Random
 {
 public:
     RandomUser(unsigned seed, Sizes sizes)
-        : m_random(seed),
+        : Random(seed),
           m_sizes(sizes),
-          m_pictures({12, 8}, SomePixels()),
+          m_pictures({12, 8}, Pixels(12 * 8, Opacity::Full)),
           m_scene(CSize(Below(160) + 90, Below(110) + 60), {Below(90) + 10, Below(90) + 10, Below(90) + 10})
     {
         CAppearance appearance;
@@ -84,13 +83,6 @@ public:
     [[nodiscard]] int LastAction() const { return m_last; }
 
 private:
-    std::vector<DWORD> SomePixels()
-    {
-        std::vector<DWORD> pixels(12 * 8);
-        std::generate(pixels.begin(), pixels.end(), [this] { return 0xFF000000U | static_cast<DWORD>(m_random()); });
-        return pixels;
-    }
-
     enum Action
     {
         ScrollDown,
@@ -116,8 +108,6 @@ private:
         kActionCount
     };
 
-    int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
-    bool Maybe() { return Below(2) == 0; }
     int Size(int limit)
     {
         using Int = std::numeric_limits<int>;
@@ -263,7 +253,6 @@ private:
         }
     }
 
-    std::mt19937 m_random;
     Sizes m_sizes;
     Pictures m_pictures;
     CSpaciousDraw m_spacious{false};
