@@ -540,16 +540,18 @@ void GridModelTest::Interfere()
         return;
     }
     ModelSide& side = PickSide();
-    int notificationsLeft = 1 + Pick(6);
+    bool isActing = false;
     side.window.Notifications().onNotification = [&](std::string const& line)
     {
-        if (--notificationsLeft == 0)
+        if (!isActing && Pick(3) == 0)
         {
+            isActing = true;
             std::string name = line.substr(line.find(' ') + 1);
             name = name.substr(0, name.find(' '));
             auto const heardOf =
                 std::ranges::find_if(objects, [&](auto const& object) { return object->GetName() == name; });
-            DoAnything(side, heardOf != objects.end() && Pick(2) == 0 ? heardOf->get() : nullptr);
+            DoAnything(side, heardOf != objects.end() && Pick(4) != 0 ? heardOf->get() : nullptr);
+            isActing = false;
         }
     };
     for (ModelSide* const each : {&a, &b}) // rows that wait would move at a moment of their own
@@ -559,7 +561,10 @@ void GridModelTest::Interfere()
         each->isFrozen = false;
         each->postponed.clear();
     }
-    DoAnything(side, nullptr);
+    for (int i = 0; i < 3; ++i)
+    {
+        DoAnything(side, nullptr);
+    }
     TestObject& object = *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
     int const value = Pick(9);
     object.SetQuantity(value);
@@ -588,7 +593,7 @@ void GridModelTest::DoAnything(ModelSide& side, TestObject* favourite)
     CGridItem* const row = anyRow();
     CGridItem* const parents[] = {ScrollableRoot, FixedRoot, anyRow()};
     CGridItem* const parent = parents[Pick(3)];
-    switch (Pick(10))
+    switch (favourite != nullptr && Pick(2) == 0 ? 1 : Pick(10)) // deletes most often what it has just heard of
     {
     case 0:
         grid.Add(anyObject(), parent, Pick(2) == 0 ? anyRow() : LastPosition);
