@@ -140,7 +140,12 @@ std::string NotificationLog::NameOf(GUI::NM_GRIDITEM const& notification)
     {
         LearnNamesBelow(*notification.grid, notification.item);
     }
-    return m_known[notification.object] = NameIn(*m_names, *notification.grid, notification.item, *notification.object);
+    std::string const name = NameIn(*m_names, *notification.grid, notification.item, *notification.object);
+    if (name.empty() && notification.code == GUI::FocusChanged && known != m_known.end())
+    {
+        return known->second; // an object that dies cannot be asked any more
+    }
+    return m_known[notification.object] = name;
 }
 
 // Nothing else is told of the rows that come along below an attached one, and where their objects lie, others may have

@@ -7,6 +7,7 @@
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/grid/detail/Dispatcher.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Header.h>
 
 namespace Ostrel::GUI
@@ -14,6 +15,15 @@ namespace Ostrel::GUI
 using Common::CDataObject;
 using Detail::GridOperation;
 using Items = std::vector<CGridItem*>;
+
+namespace
+{
+/// The object of a row of the grid, if it may be asked anything.
+CDataObject* ObjectOf(Detail::GridCore& core, CGridItem const* item)
+{
+    return core.AreaOf(item) != nullptr ? Detail::ObjectToAsk(*item) : nullptr;
+}
+} // namespace
 
 // --- Adding and removing ---
 
@@ -316,8 +326,12 @@ CString CGrid::GetFormattedMfcString(CGridItem* item, long fid, Common::CFormat 
 
 bool CGrid::SetValue(CGridItem* item, long fid, Common::CValue const& value)
 {
-    return m_core->Thread().Call<GridOperation::SetValue>(
-        false, [&]() { return m_core->AreaOf(item) != nullptr && item->Object()->SetValue(fid, value); });
+    return m_core->Thread().Call<GridOperation::SetValue>(false,
+                                                          [&]()
+                                                          {
+                                                              CDataObject* const object = ObjectOf(*m_core, item);
+                                                              return object != nullptr && object->SetValue(fid, value);
+                                                          });
 }
 
 bool CGrid::SetFormattedStlString(CGridItem* item, long fid, std::string const& text, Common::CFormat const* format)
@@ -326,8 +340,9 @@ bool CGrid::SetFormattedStlString(CGridItem* item, long fid, std::string const& 
         false,
         [&]()
         {
-            return m_core->AreaOf(item) != nullptr &&
-                   item->Object()->SetFormattedStlString(fid, text, m_core->Cells().FormatInUse(fid, format));
+            CDataObject* const object = ObjectOf(*m_core, item);
+            return object != nullptr &&
+                   object->SetFormattedStlString(fid, text, m_core->Cells().FormatInUse(fid, format));
         });
 }
 
@@ -337,8 +352,9 @@ bool CGrid::SetFormattedMfcString(CGridItem* item, long fid, CString const& text
         false,
         [&]()
         {
-            return m_core->AreaOf(item) != nullptr &&
-                   item->Object()->SetFormattedMfcString(fid, text, m_core->Cells().FormatInUse(fid, format));
+            CDataObject* const object = ObjectOf(*m_core, item);
+            return object != nullptr &&
+                   object->SetFormattedMfcString(fid, text, m_core->Cells().FormatInUse(fid, format));
         });
 }
 

@@ -2,6 +2,7 @@
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/paint/GridCell.h>
 
@@ -36,7 +37,8 @@ Result ReadCell(CGridCell const& cell, FromCache&& fromCache, FromObject&& fromO
     {
         return fromCache(*cached);
     }
-    return item->Object() != nullptr ? fromObject(*item->Object(), fid) : Result{};
+    Common::CDataObject* const object = Detail::ObjectToAsk(*item);
+    return object != nullptr ? fromObject(*object, fid) : Result{};
 }
 
 } // namespace

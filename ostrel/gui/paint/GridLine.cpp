@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/grid/detail/RowArea.h>
 #include <ostrel/gui/paint/GridLine.h>
 
@@ -24,7 +25,7 @@ bool CGridLine::IsExpanded() const noexcept
 
 Common::CDataObject* CGridLine::GetDataObject() const noexcept
 {
-    return m_item != nullptr ? m_item->Object() : nullptr;
+    return m_item != nullptr ? Detail::ObjectToAsk(*m_item) : nullptr;
 }
 
 } // namespace Ostrel::GUI

@@ -1,4 +1,7 @@
 // What the parent window hears beside the changes of rows, and what it may do meanwhile.
+#include <ostrel/common/dataobject/FieldMapBuilder.h>
+#include <ostrel/common/value/Value.h>
+
 #include "GridFixture.h"
 
 namespace Ostrel::Testing
@@ -64,6 +67,40 @@ TEST_F(NotificationsTest, AHandlerMayDeleteTheRowItHearsOf)
     grid.Notifications().onNotification = again;
     EXPECT_TRUE(Grid().Delete(Item("metals")));
     EXPECT_EQ(grid.RowsText(), "rows=-");
+}
+
+/// An object that tells of its end as late as it can: what this class adds has gone by then.
+class PlainObject : public Common::CDataObject
+{
+public:
+    std::string GetName() const { return "plain"; }
+    Common::CFieldMap const* GetFieldMap() const override
+    {
+        static auto const map =
+            Common::CFieldMapBuilder<PlainObject>().Field(1, "Name", &PlainObject::GetName, nullptr).Build();
+        return map.get();
+    }
+};
+
+TEST_F(NotificationsTest, AHandlerMayLookAtTheRowOfADyingObject)
+{
+    auto object = std::make_unique<PlainObject>();
+    CGridItem* const item = Grid().Add(object.get(), FixedRoot, LastPosition);
+    Grid().SetFocusedRow(0, FixedContext);
+    Told();
+    std::string seen;
+    grid.Notifications().onNotification = [&](std::string const&)
+    {
+        seen += Grid().GetFormattedStlString(item, TestObject::Name) + '.';
+        EXPECT_FALSE(Grid().SetValue(item, TestObject::Name, Common::CValue()));
+        Grid().GetOptimalColumnWidth(AllContexts, TestObject::Name);
+        Grid().UpdateFilter();
+        SortByPrice();
+        driver.RunUntilIdle();
+    };
+    object.reset();
+    EXPECT_EQ(Told(), "FocusChanged plain lost; SortUpdated; ItemDeleting plain");
+    EXPECT_EQ(seen, "...");
 }
 
 TEST_F(NotificationsTest, AHandlerMayTakeTheHeaderAway)

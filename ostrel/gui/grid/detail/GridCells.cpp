@@ -4,6 +4,7 @@
 #include <ostrel/gui/grid/detail/GridCells.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/ItemExtras.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/grid/detail/UpdateRecord.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/Header.h>
@@ -60,7 +61,8 @@ Common::CValue GridCells::Value(CGridItem const& item, long fieldId) const
     {
         return cached->value;
     }
-    return item.Object() != nullptr ? item.Object()->GetValue(fieldId) : Common::CValue();
+    Common::CDataObject* const object = ObjectToAsk(item);
+    return object != nullptr ? object->GetValue(fieldId) : Common::CValue();
 }
 
 std::string GridCells::StlText(CGridItem const& item, long fieldId, Common::CFormat const* format) const
@@ -70,7 +72,8 @@ std::string GridCells::StlText(CGridItem const& item, long fieldId, Common::CFor
         return cached->stlText;
     }
     Common::CFormat const* const used = FormatInUse(fieldId, format);
-    return item.Object() != nullptr ? item.Object()->GetFormattedStlString(fieldId, used) : std::string();
+    Common::CDataObject* const object = ObjectToAsk(item);
+    return object != nullptr ? object->GetFormattedStlString(fieldId, used) : std::string();
 }
 
 CString GridCells::MfcText(CGridItem const& item, long fieldId, Common::CFormat const* format) const
@@ -80,7 +83,8 @@ CString GridCells::MfcText(CGridItem const& item, long fieldId, Common::CFormat 
         return cached->mfcText;
     }
     Common::CFormat const* const used = FormatInUse(fieldId, format);
-    return item.Object() != nullptr ? item.Object()->GetFormattedMfcString(fieldId, used) : CString();
+    Common::CDataObject* const object = ObjectToAsk(item);
+    return object != nullptr ? object->GetFormattedMfcString(fieldId, used) : CString();
 }
 
 void GridCells::Reformat(CGridItem& item, long fieldId) const
@@ -95,7 +99,7 @@ void GridCells::Reformat(CGridItem& item, long fieldId) const
     {
         if (auto const found = cache->find(fieldId); found != cache->end())
         {
-            ReformatOne(found->second, FormatOf(fieldId), item.Object());
+            ReformatOne(found->second, FormatOf(fieldId), ObjectToAsk(item));
         }
         return;
     }
@@ -103,7 +107,7 @@ void GridCells::Reformat(CGridItem& item, long fieldId) const
     {
         if (auto const found = cache->find(column->GetFid()); found != cache->end())
         {
-            ReformatOne(found->second, column->GetTextFormat(), item.Object());
+            ReformatOne(found->second, column->GetTextFormat(), ObjectToAsk(item));
         }
     }
 }

@@ -4,6 +4,7 @@
 
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
 #include <ostrel/gui/paint/GridCell.h>
@@ -44,9 +45,9 @@ int GridColumns::MeasureCell(CDC& dc, CGridItem* item, int row, ContextType type
     CPaintInfo const info(0, 0, rect, rect, rect, looks.FontInUse(), textOffset, textOffset, looks.highlight);
     CGridLine const line(info, type, row, item, false, false);
     Common::CFormat const* format = column.GetTextFormat();
-    if (format == nullptr && item->Object() != nullptr)
+    if (Common::CDataObject* const object = ObjectToAsk(*item); format == nullptr && object != nullptr)
     {
-        format = item->Object()->GetFormat(column.GetFid());
+        format = object->GetFormat(column.GetFid());
     }
     CGridCell cell(info, line, &column, looks.imageList, column.GetCellImageId(), looks.stretchImages, format);
     return looks.CustomDrawInUse().GetOptimalCellWidth(cell, MeasuringContext(m_core, dc), looks.paintFilter);

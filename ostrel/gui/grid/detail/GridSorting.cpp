@@ -3,6 +3,7 @@
 
 #include <ostrel/gui/grid/detail/GridCore.h>
 #include <ostrel/gui/grid/detail/GridSorting.h>
+#include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/platform/base/CallbackErrors.h>
 
@@ -155,7 +156,11 @@ void GridSorting::UpdateFilter()
 
 bool GridSorting::IsHidden(CGridItem& item)
 {
-    return m_filter != nullptr &&
-           CallbackErrors::Ask([&]() { return m_filter->IsFiltered(&m_core.Grid(), &item, item.Object()); });
+    Common::CDataObject* const object = ObjectToAsk(item);
+    if (m_filter == nullptr || object == nullptr)
+    {
+        return m_filter != nullptr && item.IsHiddenByFilter();
+    }
+    return CallbackErrors::Ask([&]() { return m_filter->IsFiltered(&m_core.Grid(), &item, object); });
 }
 } // namespace Ostrel::GUI::Detail

@@ -310,6 +310,7 @@ ObjectRegistry::RemovingScope::RemovingScope(Common::CDataObject const* object) 
     ObjectRegistry& registry = Instance();
     Platform::MutexLock lock(registry.m_lock);
     registry.m_dying.push_back(object);
+    registry.m_dyingObjects.store(registry.m_dying.size(), std::memory_order_release);
 }
 
 ObjectRegistry::RemovingScope::~RemovingScope()
@@ -317,5 +318,22 @@ ObjectRegistry::RemovingScope::~RemovingScope()
     ObjectRegistry& registry = Instance();
     Platform::MutexLock lock(registry.m_lock);
     registry.m_dying.erase(std::ranges::find(registry.m_dying, m_object));
+    registry.m_dyingObjects.store(registry.m_dying.size(), std::memory_order_release);
+}
+
+bool ObjectRegistry::IsDying(Common::CDataObject const* object) const
+{
+    if (m_dyingObjects.load(std::memory_order_acquire) == 0)
+    {
+        return false;
+    }
+    Platform::MutexLock const lock(m_lock);
+    return std::ranges::find(m_dying, object) != m_dying.end();
+}
+
+Common::CDataObject* ObjectToAsk(CGridItem const& item)
+{
+    Common::CDataObject* const object = item.Object();
+    return ObjectRegistry::Instance().IsDying(object) ? nullptr : object;
 }
 } // namespace Ostrel::GUI::Detail

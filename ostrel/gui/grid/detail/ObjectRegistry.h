@@ -97,6 +97,9 @@ public:
     /// Rows that the calling thread takes over.
     void SetHome(std::span<CGridItem* const> items, DWORD home) OSTREL_EXCLUDES(m_lock);
 
+    /// Whether the object's rows are being removed because it dies.
+    [[nodiscard]] bool IsDying(Common::CDataObject const* object) const OSTREL_EXCLUDES(m_lock);
+
     /// While rows of a dying object are being removed, it is not unsubscribed from.
     class RemovingScope
     {
@@ -138,6 +141,11 @@ private:
     std::vector<Slot, Platform::LargePageAllocator<Slot>> m_slots OSTREL_GUARDED_BY(m_lock);
     std::size_t m_objects OSTREL_GUARDED_BY(m_lock) = 0;
     std::vector<Common::CDataObject const*> m_dying OSTREL_GUARDED_BY(m_lock);
-    std::atomic<std::uint64_t> m_changes{0}; ///< changed under the lock
+    std::atomic<std::size_t> m_dyingObjects{0}; ///< changed under the lock
+    std::atomic<std::uint64_t> m_changes{0};    ///< changed under the lock
 };
+
+/// The row's object, null while that dies: what the class of the application has added to it is gone by then, so that
+/// it may be named, but neither read nor written.
+[[nodiscard]] Common::CDataObject* ObjectToAsk(CGridItem const& item);
 } // namespace Ostrel::GUI::Detail
