@@ -57,6 +57,12 @@ protected:
         ReferenceRows* owner;
     };
 
+    template <class T>
+    auto AnyOf(std::vector<T> const& list)
+    {
+        return list[static_cast<std::size_t>(Pick(static_cast<int>(list.size())))];
+    }
+    TestObject& AnyObject() { return *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))]; }
     int Pick(int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); }
     ModelSide& PickSide() { return m_only != nullptr ? *m_only : Pick(2) == 0 ? a : b; }
     Row PickRoot()
@@ -70,7 +76,7 @@ protected:
     {
         Row row = PickRoot();
         std::vector<ReferenceRow*> const all = row.Area().AllRows();
-        row.row = all.empty() ? nullptr : all[static_cast<std::size_t>(Pick(static_cast<int>(all.size())))];
+        row.row = all.empty() ? nullptr : AnyOf(all);
         return row;
     }
     Place PickPlace()

@@ -102,8 +102,7 @@ void GridModelTest::Add()
         name += std::to_string(nextName++);
         objects.push_back(std::make_unique<TestObject>(TestRow{.name = name, .quantity = quantity, .volume = volume}));
     }
-    TestObject& object =
-        isNew ? *objects.back() : *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
+    TestObject& object = isNew ? *objects.back() : AnyObject();
     ModelSide& side = *place.parent.side;
     CGridItem* item = nullptr;
     Do([&]() { item = side.Grid().Add(&object, place.parent.Handle(), place.after); });
@@ -565,7 +564,7 @@ void GridModelTest::Interfere()
     {
         DoAnything(side, nullptr);
     }
-    TestObject& object = *objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))];
+    TestObject& object = AnyObject();
     int const value = Pick(9);
     object.SetQuantity(value);
     for (ReferenceRows* const area : {&a.fixed, &a.scrollable, &b.fixed, &b.scrollable})
@@ -580,56 +579,34 @@ void GridModelTest::Interfere()
 void GridModelTest::DoAnything(ModelSide& side, TestObject* favourite)
 {
     CGrid& grid = side.Grid();
-    auto const anyObject = [&]
-    {
-        TestObject* const any = objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))].get();
-        return favourite != nullptr ? favourite : any;
-    };
+    auto const anyObject = [&] { return favourite != nullptr ? favourite : &AnyObject(); };
     auto const anyRow = [&]
     {
         std::vector<CGridItem*> const rows = grid.GetHandles(anyObject(), false, AllContexts);
-        return rows.empty() ? nullptr : rows[static_cast<std::size_t>(Pick(static_cast<int>(rows.size())))];
+        return rows.empty() ? nullptr : AnyOf(rows);
     };
     CGridItem* const row = anyRow();
     CGridItem* const parents[] = {ScrollableRoot, FixedRoot, anyRow()};
     CGridItem* const parent = parents[Pick(3)];
-    switch (favourite != nullptr && Pick(2) == 0 ? 1 : Pick(10)) // deletes most often what it has just heard of
-    {
-    case 0:
-        grid.Add(anyObject(), parent, Pick(2) == 0 ? anyRow() : LastPosition);
-        break;
-    case 1:
-        grid.Delete(row);
-        break;
-    case 2:
-        grid.MoveBefore(row, parent, anyRow());
-        break;
-    case 3:
-        grid.MoveAfter(row, parent, LastPosition);
-        break;
-    case 4:
-        grid.Expand(parent, Pick(2) == 0);
-        break;
-    case 5:
-        grid.Collapse(parent, Pick(2) == 0);
-        break;
-    case 6:
-        grid.Select(row, Pick(3) != 0);
-        break;
-    case 7:
-        grid.SetFocusedRow(Pick(10), Pick(3) == 0 ? FixedContext : ScrollableContext);
-        break;
-    case 8:
-        Pick(2) == 0 ? grid.SelectAll() : grid.ClearSelection();
-        break;
-    default: {
-        int const remainder = Pick(4);
-        side.filter = remainder < 3 ? &filters[remainder] : nullptr;
-        side.fixed.hiddenRemainder = side.scrollable.hiddenRemainder = remainder < 3 ? remainder : -1;
-        grid.SetFilter(side.filter);
-        break;
-    }
-    }
+    std::function<void()> const actions[] = {
+        [&] { grid.Add(anyObject(), parent, Pick(2) == 0 ? anyRow() : LastPosition); },
+        [&] { grid.Delete(row); },
+        [&] { grid.MoveBefore(row, parent, anyRow()); },
+        [&] { grid.MoveAfter(row, parent, LastPosition); },
+        [&] { grid.Expand(parent, Pick(2) == 0); },
+        [&] { grid.Collapse(parent, Pick(2) == 0); },
+        [&] { grid.Select(row, Pick(3) != 0); },
+        [&] { grid.SetFocusedRow(Pick(10), Pick(3) == 0 ? FixedContext : ScrollableContext); },
+        [&] { Pick(2) == 0 ? grid.SelectAll() : grid.ClearSelection(); },
+        [&]
+        {
+            int const remainder = Pick(4);
+            side.filter = remainder < 3 ? &filters[remainder] : nullptr;
+            side.fixed.hiddenRemainder = side.scrollable.hiddenRemainder = remainder < 3 ? remainder : -1;
+            grid.SetFilter(side.filter);
+        }};
+    constexpr int kDelete = 1; // most often what was just heard of
+    actions[favourite != nullptr && Pick(2) == 0 ? kDelete : Pick(10)]();
 }
 
 void GridModelTest::Adopt()

@@ -117,8 +117,7 @@ void GridModelTest::CheckHandles(ModelSide& side)
     {
         return;
     }
-    Common::CDataObject const* const object =
-        objects[static_cast<std::size_t>(Pick(static_cast<int>(objects.size())))].get();
+    Common::CDataObject const* const object = &AnyObject();
     std::vector<CGridItem*> expected = handles[object];
     std::erase_if(expected, [&](CGridItem* item) { return side.Find(item) == nullptr; });
     ASSERT_EQ(side.Grid().GetHandles(object, false, AllContexts), expected);

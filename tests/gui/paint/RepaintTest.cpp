@@ -2,6 +2,7 @@
 // pixels or by areas that were not invalidated. And the grid is the same before and after it is painted: its settings,
 // rows, selection, scroll positions and update times, and nobody is told anything.
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -21,6 +22,7 @@
 using namespace Ostrel;
 using namespace Ostrel::GUI;
 using namespace PaintTest;
+using Platform::ColorScheme;
 using Platform::Surface;
 
 namespace
@@ -65,14 +67,14 @@ public:
         m_scene.Column(kCountFid).SetCellImageId(0);
         for (int row = Below(25); row > 0; --row)
         {
-            Act(Add);
+            Act(kAddRow);
         }
         static_cast<void>(m_scene.Show());
     }
 
     std::string Step()
     {
-        Act(static_cast<Action>(Below(kActionCount)));
+        Act(Below(kActions));
         Platform::TurnClock(20); // a change of widths is painted a little later
         Surface const shown = m_scene.Shown();
         std::string const state = State();
@@ -83,31 +85,6 @@ public:
     [[nodiscard]] int LastAction() const { return m_last; }
 
 private:
-    enum Action
-    {
-        ScrollDown,
-        ScrollRight,
-        Select,
-        Focus,
-        Expand,
-        Update,
-        Add,
-        Delete,
-        Resize,
-        Sort,
-        Fix,
-        Wait,
-        MoveMouse,
-        PressMouse,
-        ReleaseMouse,
-        Darken,
-        ChangePicture,
-        ChangeImages,
-        ChangeSwitches,
-        ChangeSizes,
-        kActionCount
-    };
-
     int Size(int limit)
     {
         using Int = std::numeric_limits<int>;
@@ -147,64 +124,46 @@ private:
         return count > 0 ? m_scene.grid.GetItem(Below(count), context) : nullptr;
     }
 
-    void Act(Action action)
+    /// One of these actions; the number is for whoever looks for the reason of a difference.
+    void Act(int action)
     {
         m_last = action;
         CGrid& grid = m_scene.grid;
         CGridItem* const row = AnyRow();
-        switch (action)
-        {
-        case ScrollDown:
-            grid.SendMessage(WM_VSCROLL, static_cast<WPARAM>(Below(4)));
-            break;
-        case ScrollRight:
-            grid.SendMessage(WM_HSCROLL, static_cast<WPARAM>(Below(4)));
-            break;
-        case Select:
-            grid.Select(row, Maybe());
-            break;
-        case Focus:
-            grid.SetFocusedRow(Below(12), AnyContext());
-            break;
-        case Expand:
-            Maybe() ? grid.Expand(row, false) : grid.Collapse(row, false);
-            break;
-        case Update:
-            grid.UpdateItem(row, Below(4) - 1);
-            break;
-        case Add:
-            m_scene.AddRow(Maybe() && row != nullptr ? row : (Below(6) == 0 ? FixedRoot : ScrollableRoot),
-                           "row " + std::to_string(Below(100)), Below(100));
-            break;
-        case Delete:
-            grid.Delete(row);
-            break;
-        case Resize:
-            m_scene.Column(Below(3)).SetWidth(Size(120));
-            break;
-        case Sort:
-            m_scene.header->SetSort(0, CSortInfo(Below(3), Maybe()));
-            break;
-        case Fix:
-            m_scene.header->SetFixedColumnsCount(Size(3));
-            break;
-        case Wait:
-            Platform::TurnClock(Below(300));
-            break;
-        case MoveMouse:
-            SendMouse(WM_MOUSEMOVE);
-            break;
-        case PressMouse:
-            SendMouse(WM_LBUTTONDOWN);
-            SendMouse(WM_MOUSEMOVE);
-            break;
-        case ReleaseMouse:
-            SendMouse(WM_LBUTTONUP);
-            break;
-        default:
-            ChangeLooks(action);
-            break;
-        }
+        std::function<void()> const actions[kActions] = {
+            [&] { grid.SendMessage(WM_VSCROLL, static_cast<WPARAM>(Below(4))); },
+            [&] { grid.SendMessage(WM_HSCROLL, static_cast<WPARAM>(Below(4))); },
+            [&] { grid.Select(row, Maybe()); },
+            [&] { grid.SetFocusedRow(Below(12), AnyContext()); },
+            [&] { Maybe() ? grid.Expand(row, false) : grid.Collapse(row, false); },
+            [&] { grid.UpdateItem(row, Below(4) - 1); },
+            [&]
+            {
+                m_scene.AddRow(Maybe() && row != nullptr ? row : (Below(6) == 0 ? FixedRoot : ScrollableRoot),
+                               "row " + std::to_string(Below(100)), Below(100));
+            },
+            [&] { grid.Delete(row); },
+            [&] { m_scene.Column(Below(3)).SetWidth(Size(120)); },
+            [&] { m_scene.header->SetSort(0, CSortInfo(Below(3), Maybe())); },
+            [&] { m_scene.header->SetFixedColumnsCount(Size(3)); },
+            [&] { Platform::TurnClock(Below(300)); },
+            [&] { SendMouse(WM_MOUSEMOVE); },
+            [&]
+            {
+                SendMouse(WM_LBUTTONDOWN);
+                SendMouse(WM_MOUSEMOVE);
+            },
+            [&] { SendMouse(WM_LBUTTONUP); },
+            [&] { CPreferences::SetColorScheme(Maybe() ? ColorScheme::Light : ColorScheme::Dark); },
+            [&] { ChangePicture(); },
+            [&]
+            {
+                grid.SetImageList(Maybe() ? &m_pictures.list : nullptr, Maybe());
+                grid.SetCustomDraw(Maybe() ? &m_spacious : nullptr);
+            },
+            [&] { ChangeSwitches(); },
+            [&] { ChangeSizes(); }};
+        actions[action]();
     }
 
     void SendMouse(UINT message)
@@ -216,49 +175,45 @@ private:
         m_scene.grid.SendMessage(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, (y << 16) | x);
     }
 
-    void ChangeLooks(Action action)
+    void ChangePicture()
+    {
+        CBackgroundImage background;
+        background.SetBitmap(Below(3) == 0 ? &m_pictures.bitmap : nullptr);
+        background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
+        background.SetOpacity(static_cast<unsigned char>(Below(256)));
+        m_scene.grid.SetBackgroundImage(background);
+    }
+
+    void ChangeSwitches()
     {
         CGrid& grid = m_scene.grid;
-        CBackgroundImage background;
-        switch (action)
-        {
-        case Darken:
-            CPreferences::SetColorScheme(Maybe() ? Platform::ColorScheme::Light : Platform::ColorScheme::Dark);
-            break;
-        case ChangePicture:
-            background.SetBitmap(Below(3) == 0 ? &m_pictures.bitmap : nullptr);
-            background.SetMode(static_cast<CBackgroundImage::Mode>(Below(3)));
-            background.SetOpacity(static_cast<unsigned char>(Below(256)));
-            grid.SetBackgroundImage(background);
-            break;
-        case ChangeImages:
-            grid.SetImageList(Maybe() ? &m_pictures.list : nullptr, Maybe());
-            grid.SetCustomDraw(Maybe() ? &m_spacious : nullptr);
-            break;
-        case ChangeSizes:
-            m_scene.header->SetHeaderHeight(Size(40));
-            m_scene.Column(kCountFid).SetCellImageId(Size(2));
-            m_scene.Column(kCountFid).SetColumnImageId(Size(2));
-            grid.InvalidateCell(AnyRow(), kCountFid, Size(50));
-            m_high.height = Size(24);
-            grid.SetCustomDraw(nullptr);
-            grid.SetCustomDraw(&m_high);
-            break;
-        default:
-            Below(3) == 0 ? grid.HideHeader() : grid.ShowHeader();
-            grid.AllowHighlight(Maybe());
-            grid.SetContextSeparatorHeight(Size(5));
-            grid.SetPaintFilter(Maybe() ? PaintAll : static_cast<unsigned>(Below(PaintAll)) | PaintBackground);
-            break;
-        }
+        Below(3) == 0 ? grid.HideHeader() : grid.ShowHeader();
+        grid.AllowHighlight(Maybe());
+        grid.SetContextSeparatorHeight(Size(5));
+        grid.SetPaintFilter(Maybe() ? PaintAll : static_cast<unsigned>(Below(PaintAll)) | PaintBackground);
     }
+
+    void ChangeSizes()
+    {
+        CGrid& grid = m_scene.grid;
+        m_scene.header->SetHeaderHeight(Size(40));
+        m_scene.Column(kCountFid).SetCellImageId(Size(2));
+        m_scene.Column(kCountFid).SetColumnImageId(Size(2));
+        grid.InvalidateCell(AnyRow(), kCountFid, Size(50));
+        m_high.height = Size(24);
+        grid.SetCustomDraw(nullptr);
+        grid.SetCustomDraw(&m_high);
+    }
+
+    static constexpr int kActions = 20;
+    static constexpr int kAddRow = 6;
 
     Sizes m_sizes;
     Pictures m_pictures;
     CSpaciousDraw m_spacious{false};
     AnyHeight m_high;
     Scene m_scene;
-    Action m_last = Wait;
+    int m_last = 0;
 };
 
 } // namespace
@@ -276,6 +231,6 @@ TEST(RepaintTest, ChangesLeaveNothingBehind)
         }
     }
     Platform::SetScale(1);
-    CPreferences::SetColorScheme(Platform::ColorScheme::Light);
+    CPreferences::SetColorScheme(ColorScheme::Light);
     Platform::Clock::SetRunning();
 }
