@@ -138,7 +138,7 @@ TEST_F(NavigationTest, DraggingBelowTheRowsScrollsStepByStep)
     driver.Release();
 }
 
-TEST_F(NavigationTest, SelectingRepaintsTheRowAndTheFramesThatItJoins)
+TEST_F(NavigationTest, RowsRepaintThemselvesAndTheFramesThatTheyJoin)
 {
     grid.AddFixed({.name = "x"});
     driver.RunUntilIdle();
@@ -159,6 +159,10 @@ TEST_F(NavigationTest, SelectingRepaintsTheRowAndTheFramesThatItJoins)
     expectPainted("a", a.top, a.top + height + 1);
     expectPainted("x", x.top, a.top + 1); // across the separator
     expectPainted("b", a.top + height - 1, a.top + 2 * height + 1);
+    grid.Add({.name = "f"});
+    CRect update;
+    Grid().GetUpdateRect(&update);
+    EXPECT_EQ(update.top, a.top + 5 * height) << "from the new row on";
 }
 
 TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)

@@ -227,18 +227,25 @@ void GridView::InvalidateRows(int firstRow, int lastRow, ContextType type)
     }
 }
 
+bool GridView::LooksAtNextRow(int row, ContextType type) const
+{
+    CGridItem const* const item = IsShown(row, type) ? m_core.ItemAt(row, type) : nullptr;
+    return item != nullptr && (item->IsSelected() || item->HasChildren());
+}
+
 void GridView::InvalidateFrom(int row, ContextType type)
 {
     GridGeometry const geometry = Geometry();
+    int const first = LooksAtNextRow(row - 1, type) ? row - 1 : row;
     if (type == FixedContext)
     {
-        CRect rect = geometry.FixedRectFrom(row - 1);
+        CRect rect = geometry.FixedRectFrom(first);
         rect.bottom = geometry.client.cy;
         InvalidateRect(rect);
         return;
     }
-    InvalidateRect(geometry.ScrollableRectFrom(row - 1));
-    if (row == 0 && geometry.fixedRows > 0)
+    InvalidateRect(geometry.ScrollableRectFrom(first));
+    if (row == 0 && IsSelectedRow(geometry.fixedRows - 1, FixedContext))
     {
         InvalidateRow(geometry.fixedRows - 1, FixedContext);
     }

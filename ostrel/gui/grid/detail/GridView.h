@@ -46,8 +46,8 @@ public:
     /// With the lines above and below them where the neighbours are selected: their frames depend on these rows.
     void InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType type);
     void InvalidateRows(int firstRow, int lastRow, ContextType type);
-    /// From the row on down, with the row above it: its frame and its expand button depend on what follows. In the
-    /// fixed area everything below it too: the scrollable rows may have moved.
+    /// From the row on down, with the row above it where its frame or its expand button depends on what follows. In
+    /// the fixed area everything below it too: the scrollable rows may have moved.
     void InvalidateFrom(int row, ContextType type);
     /// The cell of a field, or the whole row for a field identifier below 0.
     void InvalidateCell(int row, ContextType type, long fieldId);
@@ -59,6 +59,8 @@ public:
 private:
     [[nodiscard]] int RowOnScreen(CGridItem const& item) const;
     [[nodiscard]] bool IsSelectedRow(int row, ContextType type) const;
+    /// Whether the frame or the expand button of a shown row depends on the row below it.
+    [[nodiscard]] bool LooksAtNextRow(int row, ContextType type) const;
     /// A quick first look, as most rows that change are far from what is shown; false says nothing.
     [[nodiscard]] bool IsOffScreen(int row, ContextType type) const;
 
