@@ -53,7 +53,7 @@ std::uint32_t SumBefore(std::uint32_t const* amounts, unsigned slot, unsigned ca
 
 SequenceNode* FirstLeaf(SequenceNode* node) noexcept
 {
-    while (!node->m_isLeaf)
+    while (!node->IsLeaf())
     {
         node = node->Child(0);
     }
@@ -62,7 +62,7 @@ SequenceNode* FirstLeaf(SequenceNode* node) noexcept
 
 SequenceNode* LastLeaf(SequenceNode* node) noexcept
 {
-    while (!node->m_isLeaf)
+    while (!node->IsLeaf())
     {
         node = node->Child(node->m_count - 1U);
     }
@@ -98,9 +98,10 @@ public:
 
     [[nodiscard]] SequencePlace Find(SequenceNode* node) const noexcept
     {
-        while (!node->m_isLeaf)
+        for (unsigned level = node->m_level; level > 0; --level)
         {
             node = node->Child(SlotIn(node, 1) - 1U);
+            level > 1 ? node->FetchInner() : node->FetchLeaf(); // its level is known before it can be read
         }
         return {node, SlotIn(node, 0)};
     }
@@ -161,7 +162,7 @@ SequencePlace ChildSequence::PlaceAt(std::uint32_t position) const noexcept
         return End();
     }
     SequenceNode* node = m_root;
-    while (!node->m_isLeaf)
+    while (!node->IsLeaf())
     {
         node = node->Child(Descend(node->Counts(), position));
     }
@@ -193,7 +194,7 @@ SequencePlace ChildSequence::End() const noexcept
 CGridItem* ChildSequence::AtRow(std::uint32_t& row) const noexcept
 {
     SequenceNode* node = m_root;
-    while (!node->m_isLeaf)
+    while (!node->IsLeaf())
     {
         node = node->Child(Descend(node->Rows(), row));
     }
@@ -318,17 +319,9 @@ CGridItem* ChildSequence::Previous(SequencePlace place) noexcept
 
 void ChildSequence::Fetch(CGridItem const& item) noexcept
 {
-    // A leaf that is not full, which only a root is, is smaller; fetching what lies behind it does no harm.
-    constexpr std::size_t kRowsOffset = sizeof(SequenceNode) + kLeafCapacity * (sizeof(void*) + sizeof(std::uint64_t));
-    constexpr std::size_t kCacheLine = 64;
-    if (auto const* const leaf = reinterpret_cast<std::byte const*>(item.m_leaf))
+    if (item.m_leaf)
     {
-        __builtin_prefetch(leaf);
-        __builtin_prefetch(leaf + sizeof(SequenceNode) + item.m_slotHint * sizeof(void*));
-        __builtin_prefetch(leaf + sizeof(SequenceNode) + (kLeafCapacity + item.m_slotHint) * sizeof(std::uint64_t));
-        __builtin_prefetch(leaf + kRowsOffset);
-        __builtin_prefetch(leaf + kRowsOffset + kCacheLine);
-        __builtin_prefetch(leaf + kRowsOffset + 2 * kCacheLine);
+        item.m_leaf->FetchLeaf();
     }
 }
 

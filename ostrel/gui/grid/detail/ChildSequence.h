@@ -21,6 +21,8 @@
 #include <cstdint>
 #include <span>
 
+#include <ostrel/gui/grid/detail/Prefetch.h>
+
 namespace Ostrel::GUI
 {
 class CGridItem;
@@ -36,7 +38,8 @@ enum class Ordering : std::int8_t;
 inline constexpr unsigned kLeafCapacity = 32;
 inline constexpr unsigned kInnerCapacity = 64;
 
-/// One node; its arrays follow it in the same block of memory.
+/// One node; its arrays follow it in the same block of memory. What a search reads comes first. In full nodes each
+/// array begins a cache line, but for the tags, which share the first one with the members.
 struct SequenceNode
 {
     SequenceNode* m_parent = nullptr;
@@ -45,34 +48,58 @@ struct SequenceNode
     std::uint32_t m_items = 0;    ///< items below
     std::uint8_t m_count = 0;
     std::uint8_t m_capacity = 0;
-    std::uint8_t m_slot = 0; ///< in the parent
-    bool m_isLeaf = true;
+    std::uint8_t m_slot = 0;  ///< in the parent
+    std::uint8_t m_level = 0; ///< above the leaves
 
-    [[nodiscard]] void** Entries() noexcept { return reinterpret_cast<void**>(this + 1); }
+    [[nodiscard]] bool IsLeaf() const noexcept { return m_level == 0; }
+    /// Of a node with its arrays.
+    static constexpr std::size_t Size(bool isLeaf, unsigned capacity) noexcept
+    {
+        std::size_t const perSlot = sizeof(std::uint64_t) + sizeof(void*) + sizeof(std::uint32_t);
+        std::size_t const perInnerSlot = perSlot + sizeof(std::uint32_t) + sizeof(void*);
+        return sizeof(SequenceNode) + TagBytes(isLeaf, capacity) + capacity * (isLeaf ? perSlot : perInnerSlot);
+    }
+
+    [[nodiscard]] std::uint8_t* Tags() noexcept { return reinterpret_cast<std::uint8_t*>(this + 1); }
     [[nodiscard]] std::uint64_t* Prefixes() noexcept
     {
-        return reinterpret_cast<std::uint64_t*>(Entries() + m_capacity);
+        return reinterpret_cast<std::uint64_t*>(Tags() + TagBytes(IsLeaf(), m_capacity));
     }
+    [[nodiscard]] void** Entries() noexcept { return reinterpret_cast<void**>(Prefixes() + m_capacity); }
+    [[nodiscard]] std::uint32_t* Rows() noexcept { return reinterpret_cast<std::uint32_t*>(Entries() + m_capacity); }
+    /// Inner nodes only.
+    [[nodiscard]] std::uint32_t* Counts() noexcept { return Rows() + m_capacity; }
     /// The items of a leaf; of an inner node the first item below each slot.
     [[nodiscard]] CGridItem** Items() noexcept
     {
-        return m_isLeaf ? reinterpret_cast<CGridItem**>(Entries())
-                        : reinterpret_cast<CGridItem**>(Prefixes() + m_capacity);
+        return IsLeaf() ? reinterpret_cast<CGridItem**>(Entries())
+                        : reinterpret_cast<CGridItem**>(Counts() + m_capacity);
     }
     [[nodiscard]] SequenceNode* Child(unsigned slot) noexcept { return static_cast<SequenceNode*>(Entries()[slot]); }
-    [[nodiscard]] std::uint32_t* Rows() noexcept
+
+    // These have brought into the cache what will be needed soon of a full leaf or an inner node. They read nothing.
+    void FetchLeaf() const noexcept { Prefetch(this, Size(true, kLeafCapacity)); }
+    /// What a search and a sum of rows read.
+    void FetchInner() const noexcept { Prefetch(this, kInnerRows + kInnerCapacity * sizeof(std::uint32_t)); }
+    /// What a sum of rows reads.
+    void FetchInnerRows() const noexcept
     {
-        return reinterpret_cast<std::uint32_t*>(Prefixes() + (m_isLeaf ? 1U : 2U) * m_capacity);
-    }
-    /// Inner nodes only.
-    [[nodiscard]] std::uint32_t* Counts() noexcept { return Rows() + m_capacity; }
-    [[nodiscard]] std::uint8_t* Tags() noexcept
-    {
-        return reinterpret_cast<std::uint8_t*>(Rows() + (m_isLeaf ? 1U : 2U) * m_capacity);
+        Prefetch(this, sizeof(SequenceNode));
+        Prefetch(reinterpret_cast<std::byte const*>(this) + kInnerRows, kInnerCapacity * sizeof(std::uint32_t));
     }
 
     [[nodiscard]] CGridItem*& ItemAt(unsigned slot) noexcept { return Items()[slot]; }
     [[nodiscard]] unsigned SlotOf(CGridItem const* item) noexcept;
+
+private:
+    static constexpr std::size_t TagBytes(bool isLeaf, unsigned capacity) noexcept
+    {
+        return isLeaf ? (capacity + 7U) / 8U * 8U : kInnerTagBytes;
+    }
+
+    static constexpr std::size_t kInnerTagBytes = 96;
+    static constexpr std::size_t kInnerRows =
+        32 + kInnerTagBytes + kInnerCapacity * (sizeof(std::uint64_t) + sizeof(void*));
 };
 
 /// A place among the children: before the item in that slot, or behind the leaf's last one.
@@ -147,7 +174,7 @@ public:
     [[nodiscard]] static Ordering CompareWithNext(SequencePlace place, CGridItem const& item,
                                                   SortOrder const& order) noexcept;
 
-    /// Has what the questions above read brought into the cache. Any live item.
+    /// Has what the questions above read brought into the cache, and what Erase changes. Any live item.
     static void Fetch(CGridItem const& item) noexcept;
 
     /// Takes over the item's rows; returns by how much the sum changed.

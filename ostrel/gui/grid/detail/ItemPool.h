@@ -1,9 +1,5 @@
 // Where all rows of the process live. The pool answers whether any address at all is that of a live row, without
 // touching it: that is how a grid tells a stale or foreign handle without keeping a set of its rows.
-//
-// Rows lie in slabs of 2 MiB, the size of a large page, that start at multiples of their size. A two-level table over
-// the address bits leads from an address to the record of its slab, which holds a bit per row. Tables and records are
-// never freed, so that asking needs no lock; the slabs themselves are given back when many are empty.
 #pragma once
 
 #include <cstddef>

@@ -238,6 +238,7 @@ RowMove RowArea::Reposition(CGridItem& item)
     {
         return {};
     }
+    ChildSequence::Fetch(item);
     m_order.ComputeKeys(item, *m_values);
     SequencePlace const place = ChildSequence::PlaceOf(item);
     Ordering const toPrevious = ChildSequence::CompareWithPrevious(place, item, m_order);

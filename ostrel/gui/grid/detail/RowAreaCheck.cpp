@@ -24,29 +24,29 @@ public:
         {
             return "a node is empty or overfull";
         }
-        unsigned const capacity = node.m_isLeaf ? kLeafCapacity : kInnerCapacity;
+        unsigned const capacity = node.IsLeaf() ? kLeafCapacity : kInnerCapacity;
         if (!isRoot && (node.m_capacity != capacity || (!isOnRightSpine && node.m_count < capacity / 4)))
         {
             return "a node is too small";
         }
-        if (node.m_isLeaf && m_leafDepth >= 0 && m_leafDepth != depth)
+        if (node.IsLeaf() && m_leafDepth >= 0 && m_leafDepth != depth)
         {
             return "leaves at different depths";
         }
-        m_leafDepth = node.m_isLeaf ? depth : m_leafDepth;
+        m_leafDepth = node.IsLeaf() ? depth : m_leafDepth;
         std::uint32_t rows = 0;
         std::uint32_t items = 0;
         for (unsigned slot = 0; slot < node.m_count; ++slot)
         {
             bool const isLast = slot + 1U == node.m_count;
             char const* const fault =
-                node.m_isLeaf ? CheckItem(node, slot) : CheckChild(node, slot, isOnRightSpine && isLast, depth);
+                node.IsLeaf() ? CheckItem(node, slot) : CheckChild(node, slot, isOnRightSpine && isLast, depth);
             if (fault)
             {
                 return fault;
             }
             rows += node.Rows()[slot];
-            items += node.m_isLeaf ? 1U : node.Counts()[slot];
+            items += node.IsLeaf() ? 1U : node.Counts()[slot];
         }
         bool const hasStrayBits = node.m_count < 64 && node.m_selected >> node.m_count != 0;
         return rows != node.m_rows || items != node.m_items || hasStrayBits ? "a node's totals are wrong" : kInOrder;

@@ -220,7 +220,7 @@ std::vector<CGridItem*> RowArea::Selected(bool onlyVisible) const
         auto const slot = static_cast<unsigned>(std::countr_zero(top.slots));
         top.slots &= top.slots - 1;
         SequenceNode& node = *top.node;
-        if (!node.m_isLeaf)
+        if (!node.IsLeaf())
         {
             push(node.Child(slot));
             continue;

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <vector>
 
+#include <ostrel/gui/grid/detail/SlabPool.h>
+
 namespace Ostrel::GUI::Detail
 {
 namespace
@@ -15,6 +17,30 @@ namespace
 constexpr unsigned CapacityOf(bool isLeaf) noexcept
 {
     return isLeaf ? kLeafCapacity : kInnerCapacity;
+}
+
+using LeafPool = SlabPool<SequenceNode::Size(true, kLeafCapacity)>;
+using InnerPool = SlabPool<SequenceNode::Size(false, kInnerCapacity)>;
+
+// Where full nodes live. Never destroyed: rows may outlive every static object.
+LeafPool& Leaves()
+{
+    static auto* const pool = new LeafPool();
+    return *pool;
+}
+InnerPool& Inners()
+{
+    static auto* const pool = new InnerPool();
+    return *pool;
+}
+
+void* AllocateNode(bool isLeaf, unsigned capacity)
+{
+    if (capacity != CapacityOf(isLeaf))
+    {
+        return ::operator new(SequenceNode::Size(isLeaf, capacity));
+    }
+    return isLeaf ? Leaves().Allocate() : Inners().Allocate();
 }
 
 /// Below this a node is merged with a neighbour, if both fit into three quarters of one, or refilled.
@@ -70,7 +96,7 @@ void ForEachArray(SequenceNode& a, SequenceNode& b, Function function) noexcept
     function(a.Rows(), b.Rows());
     function(a.Tags(), b.Tags());
     function(a.Entries(), b.Entries());
-    if (!a.m_isLeaf)
+    if (!a.IsLeaf())
     {
         function(a.Items(), b.Items());
         function(a.Counts(), b.Counts());
@@ -85,13 +111,11 @@ void Move(T* to, T const* from, unsigned count) noexcept
 
 } // namespace
 
-SequenceNode* SequenceEditor::NewNode(bool isLeaf, unsigned capacity)
+SequenceNode* SequenceEditor::NewNode(unsigned level, unsigned capacity)
 {
-    std::size_t const perSlot = sizeof(void*) + sizeof(std::uint64_t) + sizeof(std::uint32_t) + sizeof(std::uint8_t) +
-                                (isLeaf ? 0 : sizeof(void*) + sizeof(std::uint32_t));
-    auto* const node = new (::operator new(sizeof(SequenceNode) + capacity * perSlot)) SequenceNode();
+    auto* const node = new (AllocateNode(level == 0, capacity)) SequenceNode();
     node->m_capacity = static_cast<std::uint8_t>(capacity);
-    node->m_isLeaf = isLeaf;
+    node->m_level = static_cast<std::uint8_t>(level);
     node->Entries()[0] = nullptr; // an empty node may be linked, and its first slot cached, for a moment
     node->Prefixes()[0] = 0;
     node->ItemAt(0) = nullptr;
@@ -101,7 +125,18 @@ SequenceNode* SequenceEditor::NewNode(bool isLeaf, unsigned capacity)
 
 void SequenceEditor::FreeNode(SequenceNode* node) noexcept
 {
-    ::operator delete(node);
+    if (node->m_capacity != CapacityOf(node->IsLeaf()))
+    {
+        ::operator delete(node);
+    }
+    else if (node->IsLeaf())
+    {
+        Leaves().Free(node);
+    }
+    else
+    {
+        Inners().Free(node);
+    }
 }
 
 void SequenceEditor::SetLeafSlot(SequenceNode& leaf, unsigned slot, CGridItem& item) noexcept
@@ -149,7 +184,7 @@ void SequenceEditor::AdoptSlots(SequenceNode& node, unsigned from, unsigned to) 
 {
     for (unsigned slot = from; slot < to; ++slot)
     {
-        if (node.m_isLeaf)
+        if (node.IsLeaf())
         {
             node.ItemAt(slot)->m_leaf = &node;
             node.ItemAt(slot)->m_slotHint = static_cast<std::uint8_t>(slot);
@@ -170,8 +205,8 @@ void SequenceEditor::MoveSlots(SequenceNode& to, unsigned toSlot, SequenceNode& 
     std::uint64_t const moved = ShiftDown(from.m_selected, fromSlot) & BitsBelow(count);
     to.m_selected = (to.m_selected & ~ShiftUp(BitsBelow(count), toSlot)) | ShiftUp(moved, toSlot);
     CloseSlots(from, fromSlot, count);
-    AdoptSlots(to, toSlot, to.m_isLeaf ? toSlot + count : to.m_count);
-    AdoptSlots(from, fromSlot, from.m_isLeaf ? fromSlot : from.m_count);
+    AdoptSlots(to, toSlot, to.IsLeaf() ? toSlot + count : to.m_count);
+    AdoptSlots(from, fromSlot, from.IsLeaf() ? fromSlot : from.m_count);
     Recount(to);
     Recount(from);
 }
@@ -179,7 +214,7 @@ void SequenceEditor::MoveSlots(SequenceNode& to, unsigned toSlot, SequenceNode& 
 void SequenceEditor::Recount(SequenceNode& node) noexcept
 {
     node.m_rows = std::accumulate(node.Rows(), node.Rows() + node.m_count, 0U);
-    node.m_items = node.m_isLeaf ? node.m_count : std::accumulate(node.Counts(), node.Counts() + node.m_count, 0U);
+    node.m_items = node.IsLeaf() ? node.m_count : std::accumulate(node.Counts(), node.Counts() + node.m_count, 0U);
 }
 
 void SequenceEditor::AddToTotals(SequenceNode& leaf, std::uint32_t items, std::uint32_t rows) noexcept
@@ -251,7 +286,7 @@ SequencePlace SequenceEditor::Insert(SequencePlace place, CGridItem& item)
     SequenceNode* split = nullptr;
     if (!leaf)
     {
-        m_root = leaf = NewNode(true, LeafCapacityFor(1));
+        m_root = leaf = NewNode(0, LeafCapacityFor(1));
     }
     else if (leaf->m_count == leaf->m_capacity && leaf->m_capacity < kLeafCapacity)
     {
@@ -287,7 +322,7 @@ SequencePlace SequenceEditor::Insert(SequencePlace place, CGridItem& item)
 SequenceNode* SequenceEditor::GrowRootLeaf()
 {
     SequenceNode* const small = m_root;
-    m_root = NewNode(true, LeafCapacityFor(small->m_count + 1U));
+    m_root = NewNode(0, LeafCapacityFor(small->m_count + 1U));
     MoveSlots(*m_root, 0, *small, 0, small->m_count);
     FreeNode(small);
     return m_root;
@@ -305,13 +340,13 @@ SequenceNode* SequenceEditor::Split(SequenceNode& node, unsigned splitSlot)
 {
     if (!node.m_parent)
     {
-        SequenceNode* const root = NewNode(false, kInnerCapacity);
+        SequenceNode* const root = NewNode(node.m_level + 1U, kInnerCapacity);
         OpenSlots(*root, 0, 1);
         SetInnerSlot(*root, 0, node);
         Recount(*root);
         m_root = root;
     }
-    SequenceNode* const right = NewNode(node.m_isLeaf, CapacityOf(node.m_isLeaf));
+    SequenceNode* const right = NewNode(node.m_level, CapacityOf(node.IsLeaf()));
     MoveSlots(*right, 0, node, splitSlot, node.m_count - splitSlot);
     InsertNodeAfter(node, *right);
     return right;
@@ -360,7 +395,7 @@ void SequenceEditor::AfterRemoval(SequenceNode& node, unsigned slot) noexcept
     {
         PublishFirst(node);
     }
-    if (node.m_count < ThinLimit(node.m_isLeaf) && node.m_parent && node.m_parent->m_count > 1)
+    if (node.m_count < ThinLimit(node.IsLeaf()) && node.m_parent && node.m_parent->m_count > 1)
     {
         Refill(node);
     }
@@ -389,7 +424,7 @@ void SequenceEditor::Refill(SequenceNode& node) noexcept
     SequenceNode& left = *parent.Child(leftSlot);
     SequenceNode& right = *parent.Child(leftSlot + 1);
     unsigned const sum = left.m_count + right.m_count;
-    if (sum <= MergeLimit(node.m_isLeaf))
+    if (sum <= MergeLimit(node.IsLeaf()))
     {
         MoveSlots(left, left.m_count, right, 0, right.m_count);
         SetInnerSlot(parent, leftSlot, left);
@@ -411,7 +446,7 @@ void SequenceEditor::Refill(SequenceNode& node) noexcept
 
 void SequenceEditor::DropThinRoot() noexcept
 {
-    while (m_root && !m_root->m_isLeaf && m_root->m_count == 1)
+    while (m_root && !m_root->IsLeaf() && m_root->m_count == 1)
     {
         SequenceNode* const thin = m_root;
         m_root = thin->Child(0);
@@ -431,7 +466,7 @@ void SequenceEditor::Build(std::span<CGridItem* const> items)
     {
         std::size_t const from = items.size() * leafIndex / leafCount;
         std::size_t const to = items.size() * (leafIndex + 1) / leafCount;
-        SequenceNode* const leaf = NewNode(true, leafCount == 1 ? LeafCapacityFor(to) : kLeafCapacity);
+        SequenceNode* const leaf = NewNode(0, leafCount == 1 ? LeafCapacityFor(to) : kLeafCapacity);
         level.push_back(leaf);
         leaf->m_count = static_cast<std::uint8_t>(to - from);
         for (std::size_t i = from; i < to; ++i)
@@ -457,7 +492,7 @@ std::vector<SequenceNode*> SequenceEditor::BuildLevel(std::span<SequenceNode* co
     {
         std::size_t const from = below.size() * index / count;
         std::size_t const to = below.size() * (index + 1) / count;
-        SequenceNode* const node = level.emplace_back(NewNode(false, kInnerCapacity));
+        SequenceNode* const node = level.emplace_back(NewNode(below.front()->m_level + 1U, kInnerCapacity));
         node->m_count = static_cast<std::uint8_t>(to - from);
         for (std::size_t i = from; i < to; ++i)
         {
@@ -470,7 +505,7 @@ std::vector<SequenceNode*> SequenceEditor::BuildLevel(std::span<SequenceNode* co
 
 void SequenceEditor::FreeTree(SequenceNode* node) noexcept
 {
-    for (unsigned slot = 0; !node->m_isLeaf && slot < node->m_count; ++slot)
+    for (unsigned slot = 0; !node->IsLeaf() && slot < node->m_count; ++slot)
     {
         FreeTree(node->Child(slot));
     }

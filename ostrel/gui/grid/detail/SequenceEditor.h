@@ -28,7 +28,7 @@ public:
     static bool SetSelectedBit(SequenceNode& node, unsigned slot, bool selected) noexcept;
 
 private:
-    [[nodiscard]] static SequenceNode* NewNode(bool isLeaf, unsigned capacity);
+    [[nodiscard]] static SequenceNode* NewNode(unsigned level, unsigned capacity);
     static void FreeNode(SequenceNode* node) noexcept;
     static void FreeTree(SequenceNode* node) noexcept;
     [[nodiscard]] static std::vector<SequenceNode*> BuildLevel(std::span<SequenceNode* const> below);

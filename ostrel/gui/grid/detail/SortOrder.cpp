@@ -151,7 +151,10 @@ void SortOrder::ComputeKeys(CGridItem& item, IRowValues& values) const
         item.m_sortValues.reset(count ? new CValue[count] : nullptr);
         item.m_sortValueCount = static_cast<std::uint8_t>(count);
     }
-    std::move(keys, keys + count, item.m_sortValues.get());
+    if (count != 0) // else what the row has besides its key need not be touched
+    {
+        std::move(keys, keys + count, item.m_sortValues.get());
+    }
 }
 
 Ordering SortOrder::Compare(CGridItem const& a, CGridItem const& b) const noexcept

@@ -101,8 +101,6 @@ void UpdateLookAhead::FetchLeaves(std::size_t distance) const noexcept
 // What is summed up above a leaf to get a row's number.
 void UpdateLookAhead::FetchBranches(std::size_t distance) const noexcept
 {
-    constexpr std::size_t kRowsOffset =
-        sizeof(SequenceNode) + kInnerCapacity * (2 * sizeof(void*) + sizeof(std::uint64_t));
     std::uint64_t const changes = ObjectRegistry::Instance().Changes();
     for (std::size_t i = 0; i < kGroup; ++i)
     {
@@ -115,9 +113,7 @@ void UpdateLookAhead::FetchBranches(std::size_t distance) const noexcept
         SequenceNode const& leaf = *ChildSequence::PlaceOf(*found.row).leaf;
         if (leaf.m_parent != nullptr)
         {
-            Prefetch(leaf.m_parent, sizeof(SequenceNode));
-            Prefetch(reinterpret_cast<std::byte const*>(leaf.m_parent) + kRowsOffset,
-                     kInnerCapacity * sizeof(std::uint32_t));
+            leaf.m_parent->FetchInnerRows();
         }
     }
 }
