@@ -567,13 +567,13 @@ void GridModelTest::Interfere()
     TestObject& object = AnyObject();
     int const value = Pick(9);
     object.SetQuantity(value);
+    driver.RunUntilIdle();
+    side.window.Notifications().onNotification = nullptr;
+    Adopt();
     for (ReferenceRows* const area : {&a.fixed, &a.scrollable, &b.fixed, &b.scrollable})
     {
         area->SetValue(object, 0, value);
     }
-    driver.RunUntilIdle();
-    side.window.Notifications().onNotification = nullptr;
-    Adopt();
 }
 
 void GridModelTest::DoAnything(ModelSide& side, TestObject* favourite)

@@ -87,48 +87,65 @@ SequenceNode* PreviousLeaf(SequenceNode* node) noexcept
     return node->m_parent ? LastLeaf(node->m_parent->Child(node->m_slot - 1U)) : nullptr;
 }
 
-/// Finds the first slot from `from` on for which the predicate on the slot's order relative to an item no longer holds.
-template <class Goes>
+/// Finds where the children begin that an item is not to be placed behind.
 class Bisection
 {
 public:
-    Bisection(CGridItem const& item, std::uint64_t prefix, std::uint8_t tag, SortOrder const& order, Goes goes) noexcept
-        : m_item(item), m_prefix(prefix), m_tag(tag), m_order(order), m_goes(goes)
+    Bisection(Bound bound, CGridItem const& item, std::uint64_t prefix, std::uint8_t tag,
+              SortOrder const& order) noexcept
+        : m_item(item), m_prefix(prefix), m_tag(tag), m_bound(bound), m_order(order)
     {}
 
-    [[nodiscard]] SequencePlace Find(SequenceNode* node) const noexcept
+    [[nodiscard]] SequenceNode* FindLeaf(SequenceNode* node) const noexcept
     {
         for (unsigned level = node->m_level; level > 0; --level)
         {
-            node = node->Child(SlotIn(node, 1) - 1U);
+            node = node->Child(FindSlot(*node, 1) - 1U);
             level > 1 ? node->FetchInner() : node->FetchLeaf(); // its level is known before it can be read
         }
-        return {node, SlotIn(node, 0)};
+        return node;
+    }
+
+    /// From that slot on.
+    [[nodiscard]] unsigned FindSlot(SequenceNode& node, unsigned from) const noexcept
+    {
+        return m_bound == Bound::Upper ? FindSlot<Bound::Upper>(node, from) : FindSlot<Bound::Lower>(node, from);
     }
 
 private:
-    [[nodiscard]] unsigned SlotIn(SequenceNode* node, unsigned from) const noexcept
+    template <Bound kBound>
+    [[nodiscard]] unsigned FindSlot(SequenceNode& node, unsigned from) const noexcept
     {
-        std::uint64_t const* const prefixes = node->Prefixes();
-        std::uint8_t const* const tags = node->Tags();
-        CGridItem* const* const items = node->Items();
-        unsigned to = node->m_count;
+        std::uint64_t const* const prefixes = node.Prefixes();
+        std::uint8_t const* const tags = node.Tags();
+        CGridItem* const* const items = node.Items();
+        unsigned to = node.m_count;
         while (from < to)
         {
             unsigned const middle = (from + to) / 2;
-            bool const goes =
-                m_goes(m_order.Compare(prefixes[middle], tags[middle], *items[middle], m_prefix, m_tag, m_item));
+            bool const goes = GoesBehind<kBound>(prefixes[middle], tags[middle], items[middle]);
             from = goes ? middle + 1 : from;
             to = goes ? to : middle;
         }
         return from;
     }
 
+    template <Bound kBound>
+    [[nodiscard]] bool GoesBehind(std::uint64_t prefix, std::uint8_t tag, CGridItem* const& other) const noexcept
+    {
+        if (prefix == m_prefix && other == &m_item) // where it was: values of that time are no longer known
+        {
+            return kBound == Bound::Lower;
+        }
+        Ordering const ordering = m_order.Compare(prefix, tag, *other, m_prefix, m_tag, m_item);
+        return kBound == Bound::Upper ? ordering != Ordering::After : ordering == Ordering::Before;
+    }
+
     CGridItem const& m_item;
     std::uint64_t m_prefix;
     std::uint8_t m_tag;
+    Bound m_bound;
     SortOrder const& m_order;
-    Goes m_goes;
 };
 
 } // namespace
@@ -201,16 +218,21 @@ CGridItem* ChildSequence::AtRow(std::uint32_t& row) const noexcept
     return node->ItemAt(Descend(node->Rows(), row));
 }
 
-SequencePlace ChildSequence::UpperBound(CGridItem const& item, SortOrder const& order) const noexcept
+SequencePlace ChildSequence::Find(Bound bound, CGridItem const& item, SortOrder const& order) const noexcept
 {
-    auto const goes = [](Ordering ordering) { return ordering != Ordering::After; };
-    return m_root ? Bisection(item, item.m_sortPrefix, item.m_sortTag, order, goes).Find(m_root) : SequencePlace();
+    SequenceNode* const leaf = FindLeaf(bound, item, order);
+    return leaf ? FindIn(*leaf, bound, item, order) : SequencePlace();
 }
 
-SequencePlace ChildSequence::LowerBound(CGridItem const& item, SortOrder const& order) const noexcept
+SequenceNode* ChildSequence::FindLeaf(Bound bound, CGridItem const& item, SortOrder const& order) const noexcept
 {
-    auto const goes = [](Ordering ordering) { return ordering == Ordering::Before; };
-    return m_root ? Bisection(item, item.m_sortPrefix, item.m_sortTag, order, goes).Find(m_root) : SequencePlace();
+    return m_root ? Bisection(bound, item, item.m_sortPrefix, item.m_sortTag, order).FindLeaf(m_root) : nullptr;
+}
+
+SequencePlace ChildSequence::FindIn(SequenceNode& leaf, Bound bound, CGridItem const& item,
+                                    SortOrder const& order) noexcept
+{
+    return {&leaf, Bisection(bound, item, item.m_sortPrefix, item.m_sortTag, order).FindSlot(leaf, 0)};
 }
 
 SequencePlace ChildSequence::Insert(SequencePlace place, CGridItem& item)
@@ -218,9 +240,9 @@ SequencePlace ChildSequence::Insert(SequencePlace place, CGridItem& item)
     return SequenceEditor(m_root).Insert(place, item);
 }
 
-void ChildSequence::Erase(SequencePlace place) noexcept
+bool ChildSequence::Erase(SequencePlace place) noexcept
 {
-    SequenceEditor(m_root).Erase(place);
+    return SequenceEditor(m_root).Erase(place);
 }
 
 void ChildSequence::Assign(std::span<CGridItem* const> items)

@@ -109,6 +109,13 @@ struct SequencePlace
     unsigned slot = 0;
 };
 
+/// Where an item belongs: before the children that do not come before it, or after those that do not come after it.
+enum class Bound : std::uint8_t
+{
+    Lower,
+    Upper
+};
+
 class ChildSequence
 {
 public:
@@ -132,9 +139,13 @@ public:
     /// The child that holds the row, and the row relative to that child's own. `row` must be below Rows().
     [[nodiscard]] CGridItem* AtRow(std::uint32_t& row) const noexcept;
 
-    /// After the children that do not come after the item / before the children that do not come before it.
-    [[nodiscard]] SequencePlace UpperBound(CGridItem const& item, SortOrder const& order) const noexcept;
-    [[nodiscard]] SequencePlace LowerBound(CGridItem const& item, SortOrder const& order) const noexcept;
+    [[nodiscard]] SequencePlace Find(Bound bound, CGridItem const& item, SortOrder const& order) const noexcept;
+    // The same in two steps: the leaf of that place, which is then on its way into the cache, and the place in it; null
+    // while there are no children. The first step may be taken while the item is still at its place by a former key of
+    // the same type, from which it will go back to an upper bound or forward to a lower one.
+    [[nodiscard]] SequenceNode* FindLeaf(Bound bound, CGridItem const& item, SortOrder const& order) const noexcept;
+    [[nodiscard]] static SequencePlace FindIn(SequenceNode& leaf, Bound bound, CGridItem const& item,
+                                              SortOrder const& order) noexcept;
 
     /// Calls the function with each child in order; it may not change the sequence.
     template <class Function>
@@ -151,7 +162,8 @@ public:
 
     /// Returns where the item is now.
     SequencePlace Insert(SequencePlace place, CGridItem& item);
-    void Erase(SequencePlace place) noexcept;
+    /// Returns true if every other item is in the same leaf as before.
+    bool Erase(SequencePlace place) noexcept;
     /// Replaces the children (which must all be in the list already, or nowhere) by the list in its order.
     void Assign(std::span<CGridItem* const> items);
     /// Forgets the children; touches none of them.

@@ -103,7 +103,7 @@ SequencePlace RowArea::PlaceFor(CGridItem& item, CGridItem& parent, CGridItem* a
     }
     m_order.ComputeKeys(item, *m_values);
     SortBelow(item);
-    return parent.m_children.UpperBound(item, m_order);
+    return parent.m_children.Find(Bound::Upper, item, m_order);
 }
 
 SequencePlace RowArea::PlaceAfter(CGridItem const& parent, CGridItem* after) const noexcept
@@ -250,12 +250,16 @@ RowMove RowArea::Reposition(CGridItem& item)
         ChildSequence::UpdateKey(place);
         return {};
     }
+    bool const goesBack = toPrevious == Ordering::After;
+    bool const goesForward = !goesBack && toPrevious != Ordering::Incomparable && toNext == Ordering::After;
+    Bound const bound = goesBack ? Bound::Upper : Bound::Lower;
+    // The leaf to which it goes comes into the cache while the item is taken out of its own.
+    bool const knowsLeaf = (goesBack || goesForward) && place.leaf->Tags()[place.slot] == item.m_sortTag;
+    SequenceNode* const leaf = knowsLeaf ? item.m_parent->m_children.FindLeaf(bound, item, m_order) : nullptr;
     bool const isVisible = IsVisible(item);
     int const from = isVisible ? RowsAbove(item, place) : -1;
-    SequencePlace const target = toPrevious == Ordering::After ? MoveBack(item, place)
-                                 : toPrevious != Ordering::Incomparable && toNext == Ordering::After
-                                     ? MoveForward(item, place)
-                                     : MoveEitherWay(item, place);
+    SequencePlace const target =
+        goesBack || goesForward ? MoveTo(leaf, bound, item, place) : MoveEitherWay(item, place);
     if (!target.leaf)
     {
         return {};
@@ -263,20 +267,13 @@ RowMove RowArea::Reposition(CGridItem& item)
     return {true, from, isVisible ? RowsAbove(item, target) : -1, isVisible ? static_cast<int>(item.Rows()) : 0};
 }
 
-/// Behind the last sibling that does not come after it.
-SequencePlace RowArea::MoveBack(CGridItem& item, SequencePlace place)
+/// The leaf in which the bound was before the item left its place, null where that is not known.
+SequencePlace RowArea::MoveTo(SequenceNode* leaf, Bound bound, CGridItem& item, SequencePlace place)
 {
     ChildSequence& siblings = item.m_parent->m_children;
-    siblings.Erase(place);
-    return siblings.Insert(siblings.UpperBound(item, m_order), item);
-}
-
-/// Before the first sibling that does not come before it.
-SequencePlace RowArea::MoveForward(CGridItem& item, SequencePlace place)
-{
-    ChildSequence& siblings = item.m_parent->m_children;
-    siblings.Erase(place);
-    return siblings.Insert(siblings.LowerBound(item, m_order), item);
+    bool const othersStay = siblings.Erase(place);
+    leaf = leaf && othersStay ? leaf : siblings.FindLeaf(bound, item, m_order);
+    return siblings.Insert(ChildSequence::FindIn(*leaf, bound, item, m_order), item);
 }
 
 /// A neighbour does not compare and so says nothing: searches first among the siblings before the item, then among
@@ -286,10 +283,10 @@ SequencePlace RowArea::MoveEitherWay(CGridItem& item, SequencePlace place)
     ChildSequence& siblings = item.m_parent->m_children;
     std::uint32_t const oldPosition = ChildSequence::PositionOf(place);
     siblings.Erase(place);
-    SequencePlace target = siblings.UpperBound(item, m_order);
+    SequencePlace target = siblings.Find(Bound::Upper, item, m_order);
     if (ChildSequence::PositionOf(target) >= oldPosition)
     {
-        target = siblings.LowerBound(item, m_order);
+        target = siblings.Find(Bound::Lower, item, m_order);
         target = ChildSequence::PositionOf(target) > oldPosition ? target : siblings.PlaceAt(oldPosition);
     }
     target = siblings.Insert(target, item);

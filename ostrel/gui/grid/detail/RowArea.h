@@ -201,8 +201,7 @@ private:
     void SortBelow(CGridItem& item);
     void SortChildren(CGridItem& parent, std::vector<CGridItem*>& children);
     void ComputeKeys(std::span<CGridItem* const> items);
-    SequencePlace MoveBack(CGridItem& item, SequencePlace place);
-    SequencePlace MoveForward(CGridItem& item, SequencePlace place);
+    SequencePlace MoveTo(SequenceNode* leaf, Bound bound, CGridItem& item, SequencePlace place);
     SequencePlace MoveEitherWay(CGridItem& item, SequencePlace place);
 
     // Visibility.

@@ -371,7 +371,7 @@ void SequenceEditor::InsertNodeAfter(SequenceNode& left, SequenceNode& right)
     Recount(*parent);
 }
 
-void SequenceEditor::Erase(SequencePlace place) noexcept
+bool SequenceEditor::Erase(SequencePlace place) noexcept
 {
     SequenceNode& leaf = *place.leaf;
     unsigned const slot = place.slot;
@@ -379,17 +379,18 @@ void SequenceEditor::Erase(SequencePlace place) noexcept
     AddToTotals(leaf, ~0U, 0U - leaf.Rows()[slot]);
     SetSelectedBit(leaf, slot, false);
     CloseSlots(leaf, slot, 1);
-    AfterRemoval(leaf, slot);
+    bool const othersStay = AfterRemoval(leaf, slot);
     DropThinRoot();
+    return othersStay;
 }
 
 /// Puts right what the removal of a slot can break: the first item above, an empty or thin node.
-void SequenceEditor::AfterRemoval(SequenceNode& node, unsigned slot) noexcept
+bool SequenceEditor::AfterRemoval(SequenceNode& node, unsigned slot) noexcept
 {
     if (node.m_count == 0)
     {
         RemoveEmpty(node);
-        return;
+        return false;
     }
     if (slot == 0)
     {
@@ -398,7 +399,9 @@ void SequenceEditor::AfterRemoval(SequenceNode& node, unsigned slot) noexcept
     if (node.m_count < ThinLimit(node.IsLeaf()) && node.m_parent && node.m_parent->m_count > 1)
     {
         Refill(node);
+        return false;
     }
+    return true;
 }
 
 void SequenceEditor::RemoveEmpty(SequenceNode& node) noexcept

@@ -17,7 +17,8 @@ public:
     explicit SequenceEditor(SequenceNode*& root) noexcept : m_root(root) {}
 
     SequencePlace Insert(SequencePlace place, CGridItem& item);
-    void Erase(SequencePlace place) noexcept;
+    /// Returns true if every other item is in the same leaf as before.
+    bool Erase(SequencePlace place) noexcept;
     /// Builds the tree, which must be empty, from items that are in the wanted order.
     void Build(std::span<CGridItem* const> items);
     void FreeAll() noexcept;
@@ -53,7 +54,8 @@ private:
     [[nodiscard]] static unsigned SplitSlot(SequenceNode const& node, unsigned insertionSlot) noexcept;
     [[nodiscard]] SequenceNode* Split(SequenceNode& node, unsigned splitSlot);
     void InsertNodeAfter(SequenceNode& left, SequenceNode& right);
-    void AfterRemoval(SequenceNode& node, unsigned slot) noexcept;
+    /// Returns true if nothing else moved to another node.
+    bool AfterRemoval(SequenceNode& node, unsigned slot) noexcept;
     void RemoveEmpty(SequenceNode& node) noexcept;
     void Refill(SequenceNode& node) noexcept;
     void DropThinRoot() noexcept;
