@@ -1,5 +1,7 @@
 // Single promises of an area that the random comparison does not reach.
 #include <algorithm>
+#include <map>
+#include <random>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -24,6 +26,14 @@ public:
     }
 
     int answersLeft = 0;
+};
+
+class StoredValues : public IRowValues
+{
+public:
+    Common::CValue GetSortValue(CGridItem& item, long) override { return values[&item]; }
+
+    std::map<CGridItem const*, Common::CValue> values;
 };
 
 class RowAreaTest : public testing::Test
@@ -92,6 +102,47 @@ TEST_F(RowAreaTest, AFilterThatThrowsChangesNothing)
     EXPECT_THROW(m_area.ApplyFilter(m_changes), std::runtime_error);
     EXPECT_EQ(Rows(), rows);
     EXPECT_EQ(m_area.CheckInvariants(), "");
+}
+
+TEST_F(RowAreaTest, AMovedRowFindsItsPlaceThoughItsLeafGoesOrItsTypeChanges)
+{
+    std::mt19937 random{7};
+    StoredValues stored;
+    RowArea area{ScrollableContext, &stored};
+    area.Sort(std::vector<SortLevel>{{0, false}});
+    std::vector<CGridItem*> items;
+    auto const valueOf = [&](CGridItem const* item) { return static_cast<double>(stored.values[item]); };
+    auto const put = [&](CGridItem& item, Common::CValue const& value)
+    {
+        stored.values[&item] = value;
+        area.Reposition(item);
+    };
+    for (int i = 0; i < 4000; ++i)
+    {
+        items.push_back(RowArea::CreateItem(nullptr));
+        stored.values[items.back()] = Common::CValue(static_cast<double>(i));
+        area.Insert(*items.back(), area.Root(), LastPosition, m_changes);
+    }
+    while (items.size() > 100) // which leaves thin leaves behind
+    {
+        std::swap(items[random() % items.size()], items.back());
+        area.Remove(*items.back(), m_changes);
+        RowArea::DestroyDetached(*items.back());
+        items.pop_back();
+    }
+    for (int i = 0; i < 3000; ++i)
+    {
+        CGridItem& item = *items[random() % items.size()];
+        bool const wasSomethingElse = i % 4 == 0;
+        if (wasSomethingElse)
+        {
+            put(item, Common::CValue());
+        }
+        put(item, Common::CValue(static_cast<double>(random() % 4000)));
+        ASSERT_EQ(area.CheckInvariants(), "");
+        std::vector<CGridItem*> const rows = RowArea::Children(area.Root(), false);
+        ASSERT_TRUE(std::ranges::is_sorted(rows, {}, valueOf)) << i;
+    }
 }
 
 TEST_F(RowAreaTest, TreesMayBeVeryDeep)
