@@ -97,10 +97,13 @@ private:
         return isLeaf ? (capacity + 7U) / 8U * 8U : kInnerTagBytes;
     }
 
-    static constexpr std::size_t kInnerTagBytes = 96;
-    static constexpr std::size_t kInnerRows =
-        32 + kInnerTagBytes + kInnerCapacity * (sizeof(std::uint64_t) + sizeof(void*));
+    static constexpr std::size_t kCacheLine = 64;
+    static constexpr std::size_t kMemberBytes = 32;
+    static constexpr std::size_t kInnerTagBytes = 2 * kCacheLine - kMemberBytes;
+    static constexpr std::size_t kInnerRows = ///< where they begin
+        kMemberBytes + kInnerTagBytes + kInnerCapacity * (sizeof(std::uint64_t) + sizeof(void*));
 };
+static_assert(sizeof(SequenceNode) == 32);
 
 /// A place among the children: before the item in that slot, or behind the leaf's last one.
 struct SequencePlace
