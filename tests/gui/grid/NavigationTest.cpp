@@ -159,10 +159,21 @@ TEST_F(NavigationTest, RowsRepaintThemselvesAndTheFramesThatTheyJoin)
     expectPainted("a", a.top, a.top + height + 1);
     expectPainted("x", x.top, a.top + 1); // across the separator
     expectPainted("b", a.top + height - 1, a.top + 2 * height + 1);
+    auto const expectUpdate = [&](int top, int bottom)
+    {
+        CRect update;
+        Grid().GetUpdateRect(&update);
+        driver.RunUntilIdle();
+        EXPECT_EQ(update.top, top);
+        EXPECT_EQ(update.bottom, bottom);
+    };
+    int const end = Grid().GetContextVisibleRect(ScrollableContext).bottom;
     grid.Add({.name = "f"});
-    CRect update;
-    Grid().GetUpdateRect(&update);
-    EXPECT_EQ(update.top, a.top + 5 * height) << "from the new row on";
+    expectUpdate(a.top + 5 * height, end);
+    grid.AddChild("e", {.name = "e1"});
+    expectUpdate(a.top + 4 * height, a.top + 5 * height); // its expand button
+    grid.AddChild("e", {.name = "e2"});
+    expectUpdate(0, 0);
 }
 
 TEST_F(NavigationTest, APressOnASelectedRowThatMayBeDraggedWaits)

@@ -62,13 +62,22 @@ CGridItem* GridRows::ResolveAfter(CGridItem* after, RowArea const& area) noexcep
     return isPlace ? after : LastPosition;
 }
 
-// The expand button of the parent and the tree lines of the siblings depend on which child is the last one.
+// The expand button of the parent and the tree lines of the siblings depend on which child is the last one. Below a
+// collapsed parent only its button can change, with the first child that comes and the last one that goes.
 void GridRows::RepaintBranch(CGridItem const& parent)
 {
     int const row = parent.IsRoot() ? -1 : RowArea::RowOf(parent);
-    if (row >= 0)
+    if (row < 0)
+    {
+        return;
+    }
+    if (parent.IsExpanded())
     {
         m_core.View().InvalidateFrom(row, parent.Area()->Type());
+    }
+    else if (parent.Children().Count() <= 1)
+    {
+        m_core.View().InvalidateRow(row, parent.Area()->Type());
     }
 }
 
