@@ -168,6 +168,28 @@ TEST(TextTest, FontsHaveTheSizesAskedFor)
     }
 }
 
+TEST(TextTest, LinesUnderAndThroughATextAreAsWideAsIt)
+{
+    for (bool const isUnderlined : {true, false})
+    {
+        LOGFONT description = DefaultFontDescription();
+        description.lfUnderline = isUnderlined ? 1 : 0;
+        description.lfStrikeOut = isUnderlined ? 0 : 1;
+        CFont font;
+        font.CreateFontIndirect(&description);
+        Canvas canvas(60, 30);
+        canvas.dc.SelectObject(&font);
+        canvas.dc.TextOut(10, 5, "   ", 3);
+        int const right = 10 + canvas.dc.GetTextExtent("   ", 3).cx;
+        TEXTMETRIC metrics{};
+        canvas.dc.GetTextMetrics(&metrics);
+        CRect const ink = canvas.Ink();
+        EXPECT_EQ(ink.left, 10);
+        EXPECT_EQ(ink.right, right);
+        EXPECT_EQ(ink.top >= 5 + metrics.tmAscent, isUnderlined) << "below the baseline";
+    }
+}
+
 TEST(TextTest, TheDefaultFontFollowsTheScale)
 {
     Canvas canvas(1, 1);

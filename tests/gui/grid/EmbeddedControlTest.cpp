@@ -444,5 +444,29 @@ TEST_F(EmbeddedControlTest, OtherThreadsAskTheGridsThread)
     EXPECT_EQ(PlaceOf(control), PriceCell("row2"));
 }
 
+TEST_F(EmbeddedControlTest, FarMoreControlsThanTheScreenHolds)
+{
+    std::vector<std::unique_ptr<Control>> controls;
+    CGridItem* const parent = Item("row0");
+    for (int i = 0; i < 100; ++i)
+    {
+        grid.AddChild("row0", {.name = "child" + std::to_string(i)});
+        controls.push_back(std::make_unique<Control>(Grid(), CSize(9, 9)));
+    }
+    Grid().Expand(parent, false);
+    for (int i = 0; i < 100; ++i)
+    {
+        Grid().AttachControl(controls[i].get(), Item("child" + std::to_string(i)), kPrice, {});
+    }
+    driver.RunUntilIdle();
+    EXPECT_EQ(PlaceOf(*controls[0]), PriceCell("child0"));
+    EXPECT_EQ(PlaceOf(*controls[99]).left, -10000);
+    Grid().Collapse(parent, false);
+    EXPECT_FALSE(controls[0]->IsWindowVisible());
+    EXPECT_FALSE(controls[99]->IsWindowVisible());
+    Grid().Delete(parent);
+    driver.RunUntilIdle();
+}
+
 } // namespace
 } // namespace Ostrel::Testing
