@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/grid/detail/RowArea.h>
 #include <ostrel/gui/paint/GridLine.h>
@@ -8,24 +9,33 @@
 namespace Ostrel::GUI
 {
 
+CGridItem* CGridLine::GetItem() const noexcept
+{
+    return Detail::ItemPool::IsLive(m_item) ? m_item : nullptr;
+}
+
 bool CGridLine::IsRowSelected() const noexcept
 {
-    return m_item != nullptr && m_item->IsSelected();
+    CGridItem const* const item = GetItem();
+    return item != nullptr && item->IsSelected();
 }
 
 int CGridLine::GetHierarchicalLevel() const noexcept
 {
-    return m_item != nullptr ? std::max(Detail::RowArea::Level(*m_item), 0) : 0;
+    CGridItem const* const item = GetItem();
+    return item != nullptr ? std::max(Detail::RowArea::Level(*item), 0) : 0;
 }
 
 bool CGridLine::IsExpanded() const noexcept
 {
-    return m_item != nullptr && m_item->IsExpanded();
+    CGridItem const* const item = GetItem();
+    return item != nullptr && item->IsExpanded();
 }
 
 Common::CDataObject* CGridLine::GetDataObject() const noexcept
 {
-    return m_item != nullptr ? Detail::ObjectToAsk(*m_item) : nullptr;
+    CGridItem const* const item = GetItem();
+    return item != nullptr ? Detail::ObjectToAsk(*item) : nullptr;
 }
 
 } // namespace Ostrel::GUI

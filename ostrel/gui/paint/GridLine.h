@@ -41,8 +41,8 @@ public:
     [[nodiscard]] ContextType GetContextType() const noexcept { return m_context; }
     /// The row's number in its area, counted on through the empty lines below the last row.
     [[nodiscard]] int GetRow() const noexcept { return m_row; }
-    /// The row; null for an empty line below the last row.
-    [[nodiscard]] CGridItem* GetItem() const noexcept { return m_item; }
+    /// The row; null for an empty line below the last row, and once the row is gone.
+    [[nodiscard]] CGridItem* GetItem() const noexcept;
     ///@{
     /// Whether the row above, or below, is selected; the areas meet at the last fixed and the first scrollable row.
     [[nodiscard]] bool IsPreviusRowSelected() const noexcept { return m_previousRowSelected; }

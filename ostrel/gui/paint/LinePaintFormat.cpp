@@ -17,12 +17,7 @@ class LinePainter
 {
 public:
     LinePainter(CGridLine const& line, CPaintContext const& context, unsigned int filter, ICustomDraw& customDraw)
-        : m_line(line),
-          m_context(context),
-          m_filter(filter),
-          m_customDraw(customDraw),
-          m_object(line.GetDataObject()),
-          m_cellInfo(line.GetPaintInfo())
+        : m_line(line), m_context(context), m_filter(filter), m_customDraw(customDraw), m_cellInfo(line.GetPaintInfo())
     {}
 
     void PaintColumn(Detail::PaintColumn const& column, int visibleLeft)
@@ -32,9 +27,10 @@ public:
             return;
         }
         Common::CFormat const* format = column.textFormat;
-        if (format == nullptr && m_object != nullptr)
+        if (format == nullptr)
         {
-            format = m_object->GetFormat(column.fid);
+            Common::CDataObject* const object = m_line.GetDataObject(); // asked anew: the cell before may have ended it
+            format = object != nullptr ? object->GetFormat(column.fid) : nullptr;
         }
         CGridCell cell(m_cellInfo, m_line, column.column, m_context.GetImageList(), column.cellImageId,
                        m_context.GetStretchImage(), format);
@@ -71,7 +67,6 @@ private:
     CPaintContext const& m_context;
     unsigned int m_filter;
     ICustomDraw& m_customDraw;
-    Common::CDataObject* m_object;
     CPaintInfo m_cellInfo; ///< the line's, with the rectangles of the cell in turn
 };
 

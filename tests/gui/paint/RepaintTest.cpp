@@ -49,7 +49,7 @@ public:
     RandomUser(unsigned seed, Sizes sizes)
         : Random(seed),
           m_sizes(sizes),
-          m_pictures({12, 8}, Pixels(12 * 8, Opacity::Full)),
+          m_pictures({12, 8}, Pixels(12 * 8, Opacity::Any)),
           m_scene(CSize(Below(160) + 90, Below(110) + 60), {Below(90) + 10, Below(90) + 10, Below(90) + 10})
     {
         CAppearance appearance;

@@ -4,6 +4,7 @@
 
 #include <ostrel/common/dataobject/DataObject.h>
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/ObjectRegistry.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/gui/header/detail/HeaderLayout.h>
@@ -85,7 +86,8 @@ int GridColumns::OptimalColumnWidth(ContextType mask, long fieldId) const
         for (int row = 0; item != nullptr; ++row)
         {
             width = std::max(width, MeasureCell(dc, item, row, area->Type(), *column));
-            item = RowArea::NextVisible(*item);
+            // What was measured is the application's, which may have deleted the row.
+            item = ItemPool::IsLive(item) ? RowArea::NextVisible(*item) : area->ItemAt(row);
         }
     }
     return width;

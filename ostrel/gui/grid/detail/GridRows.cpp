@@ -86,8 +86,11 @@ void GridRows::PutIn(CGridItem& item, CGridItem& parent, CGridItem* after, BarsF
     GridArea& area = *GridArea::Of(parent);
     RowChangeScope scope(m_core, area);
     area.Insert(item, parent, ResolveAfter(after, area), scope.changes);
-    RepaintBranch(parent);
-    m_core.Controls().OnEntered(item);
+    if (area.Contains(&item))
+    {
+        RepaintBranch(*item.Parent());
+        m_core.Controls().OnEntered(item);
+    }
     scope.Finish(bars);
 }
 
@@ -120,7 +123,10 @@ CGridItem* GridRows::Add(Common::CDataObject* object, CGridItem* parent, CGridIt
     RowChangeScope scope(m_core, area);
     area.Insert(item, *parentItem, ResolveAfter(after, area), scope.changes);
     row.Keep();
-    RepaintBranch(*parentItem);
+    if (area.Contains(&item))
+    {
+        RepaintBranch(*item.Parent());
+    }
     scope.Finish(bars);
     if (m_core.AreaOf(&item) != nullptr)
     {

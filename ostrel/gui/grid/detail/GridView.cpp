@@ -197,13 +197,13 @@ void GridView::InvalidateRowsAndBorders(int firstRow, int lastRow, ContextType t
     CRect const scrollable = geometry.ScrollableRect();
     CRect const area = type == FixedContext ? fixed : scrollable;
     CRect rows(0, RowRect(firstRow, type).top, geometry.client.cx, RowRect(lastRow, type).bottom);
-    if (rows.top - border >= area.bottom || rows.bottom + border <= area.top)
+    if (rows.top - border < area.bottom && rows.bottom + border > area.top)
     {
-        return;
+        rows.top -= IsSelectedRow(firstRow - 1, type) ? border : 0;
+        rows.bottom += IsSelectedRow(lastRow + 1, type) ? border : 0;
+        InvalidateRect(rows & area);
     }
-    rows.top -= IsSelectedRow(firstRow - 1, type) ? border : 0;
-    rows.bottom += IsSelectedRow(lastRow + 1, type) ? border : 0;
-    InvalidateRect(rows & area);
+    // The frames of two rows join across the areas even where one of the rows is scrolled away.
     if (type == FixedContext && lastRow == geometry.fixedRows - 1 && IsSelectedRow(0, ScrollableContext))
     {
         InvalidateRect(CRect(0, scrollable.top, geometry.client.cx, scrollable.top + border) & scrollable);

@@ -59,6 +59,7 @@ void RowArea::DestroyAll() noexcept
         });
     m_root->m_children.Clear();
     m_selectedCount = 0;
+    CountRowChange();
 }
 
 std::vector<CGridItem*> RowArea::DeletionOrder(CGridItem& item)
@@ -84,8 +85,24 @@ void RowArea::Insert(CGridItem& item, CGridItem& parent, CGridItem* after, RowCh
     item.m_isHidden = true; // so that it takes no rows until the filter was asked
     try
     {
-        parent.m_children.Insert(PlaceFor(item, parent, after), item);
-        CarrySelected(parent);
+        if (IsSorted())
+        {
+            m_order.ComputeKeys(item, *m_values);
+            if (Contains(&item)) // a getter may delete and move rows
+            {
+                SortBelow(item);
+            }
+            if (!Contains(&item) || item.m_leaf)
+            {
+                return;
+            }
+            item.m_parent = Contains(&parent) ? &parent : m_root;
+        }
+        CGridItem& home = *item.m_parent;
+        home.m_children.Insert(IsSorted() ? home.m_children.Find(Bound::Upper, item, m_order) : PlaceAfter(home, after),
+                               item);
+        CountRowChange();
+        CarrySelected(home);
         Show(item, changes);
     }
     catch (...)
@@ -93,17 +110,6 @@ void RowArea::Insert(CGridItem& item, CGridItem& parent, CGridItem* after, RowCh
         Unlink(item);
         throw;
     }
-}
-
-SequencePlace RowArea::PlaceFor(CGridItem& item, CGridItem& parent, CGridItem* after)
-{
-    if (!IsSorted())
-    {
-        return PlaceAfter(parent, after);
-    }
-    m_order.ComputeKeys(item, *m_values);
-    SortBelow(item);
-    return parent.m_children.Find(Bound::Upper, item, m_order);
 }
 
 SequencePlace RowArea::PlaceAfter(CGridItem const& parent, CGridItem* after) const noexcept
@@ -142,6 +148,7 @@ void RowArea::Remove(CGridItem& item, RowChanges& changes)
 void RowArea::Unlink(CGridItem& item) noexcept
 {
     CGridItem& parent = *item.m_parent;
+    item.m_area->CountRowChange();
     if (item.m_leaf)
     {
         parent.m_children.Erase(ChildSequence::PlaceOf(item));
@@ -189,29 +196,49 @@ void RowArea::Sort(std::span<SortLevel const> levels)
     }
 }
 
+// Keys come from the application, which may add and delete rows meanwhile: parents and children are looked at again.
 void RowArea::SortBelow(CGridItem& item)
 {
-    std::vector<CGridItem*> children;
+    std::vector<CGridItem*> parents;
     WalkSubtree(item,
                 [&](CGridItem& entered)
                 {
-                    SortChildren(entered, children);
+                    if (entered.HasChildren())
+                    {
+                        parents.push_back(&entered);
+                    }
                     return true;
                 });
+    std::vector<CGridItem*> children;
+    for (CGridItem* const parent : parents)
+    {
+        if (ItemPool::IsLive(parent))
+        {
+            SortChildren(*parent, children);
+        }
+    }
 }
 
 void RowArea::SortChildren(CGridItem& parent, std::vector<CGridItem*>& children)
 {
-    if (!parent.HasChildren())
+    auto const collect = [&]()
     {
-        return;
-    }
-    children.clear();
-    children.reserve(parent.m_children.Count());
-    parent.m_children.ForEach([&](CGridItem& child) { children.push_back(&child); });
+        children.clear();
+        children.reserve(parent.m_children.Count());
+        parent.m_children.ForEach([&](CGridItem& child) { children.push_back(&child); });
+    };
+    collect();
+    std::uint32_t const changes = m_rowChanges;
     ComputeKeys(children);
-    m_order.Sort(children);
-    parent.m_children.Assign(children);
+    if (changes != m_rowChanges && ItemPool::IsLive(&parent))
+    {
+        collect();
+    }
+    if (IsSorted() && ItemPool::IsLive(&parent))
+    {
+        m_order.Sort(children);
+        parent.m_children.Assign(children);
+    }
 }
 
 /// Rows and their objects lie anywhere in memory, so those next in turn are fetched ahead.
@@ -220,14 +247,22 @@ void RowArea::ComputeKeys(std::span<CGridItem* const> items)
     constexpr std::size_t kItemsAhead = 24;
     constexpr std::size_t kObjectsAhead = 12;
     std::size_t const last = items.size() - 1;
-    for (std::size_t i = 0; i < items.size(); ++i)
+    std::uint32_t const changes = m_rowChanges;
+    for (std::size_t i = 0; i < items.size() && IsSorted(); ++i)
     {
-        CGridItem const* const far = items[std::min(i + kItemsAhead, last)];
-        __builtin_prefetch(far, 1);
-        __builtin_prefetch(reinterpret_cast<std::byte const*>(far) + 64);
-        CGridItem const* const near = items[std::min(i + kObjectsAhead, last)];
-        __builtin_prefetch(near->m_object);
-        __builtin_prefetch(near->m_sortValues.get(), 1);
+        if (changes == m_rowChanges)
+        {
+            CGridItem const* const far = items[std::min(i + kItemsAhead, last)];
+            __builtin_prefetch(far, 1);
+            __builtin_prefetch(reinterpret_cast<std::byte const*>(far) + 64);
+            CGridItem const* const near = items[std::min(i + kObjectsAhead, last)];
+            __builtin_prefetch(near->m_object);
+            __builtin_prefetch(near->m_sortValues.get(), 1);
+        }
+        else if (!ItemPool::IsLive(items[i]))
+        {
+            continue;
+        }
         m_order.ComputeKeys(*items[i], *m_values);
     }
 }
@@ -240,6 +275,10 @@ RowMove RowArea::Reposition(CGridItem& item)
     }
     ChildSequence::Fetch(item);
     m_order.ComputeKeys(item, *m_values);
+    if (!ItemPool::IsLive(&item) || item.m_area != this || !IsSorted())
+    {
+        return {}; // a getter took the row away, or its order
+    }
     SequencePlace const place = ChildSequence::PlaceOf(item);
     Ordering const toPrevious = ChildSequence::CompareWithPrevious(place, item, m_order);
     Ordering const toNext = ChildSequence::CompareWithNext(place, item, m_order);

@@ -125,6 +125,8 @@ public:
     /// behind all siblings that do not come after it and sorts its subtree; otherwise it goes: `after` null or
     /// LastPosition (or a root handle): to the end; FirstPosition or the parent itself: to the front; a row: right
     /// after the child of `parent` that is or holds that row, else to the end. A selected row joins the selection.
+    /// A getter that is asked for sort keys may delete rows: where the parent goes the row comes below the root, and a
+    /// row that goes itself is not inserted.
     void Insert(CGridItem& item, CGridItem& parent, CGridItem* after, RowChanges& changes);
     /// Takes a row of this area with its subtree out, into the detached area, flags and children kept.
     void Remove(CGridItem& item, RowChanges& changes);
@@ -188,9 +190,10 @@ private:
     struct ExpansionPlan;
 
     // Placing.
-    [[nodiscard]] SequencePlace PlaceFor(CGridItem& item, CGridItem& parent, CGridItem* after);
     [[nodiscard]] SequencePlace PlaceAfter(CGridItem const& parent, CGridItem* after) const noexcept;
     static void Unlink(CGridItem& item) noexcept;
+    /// The detached area, which threads share, counts nothing.
+    void CountRowChange() noexcept { m_rowChanges += m_type == NoContext ? 0 : 1; }
     static void SetAreaOfSubtree(CGridItem& item, RowArea& area) noexcept;
 
     /// Carry a change of the item's rows, or of whether something at or below it is selected, to its ancestors' sums.
@@ -222,6 +225,7 @@ private:
     ContextType m_type;
     int m_rowHeight = 14;
     int m_selectedCount = 0;
+    std::uint32_t m_rowChanges = 0; ///< counts rows that came and went
     IRowValues* m_values;
     IRowFilter* m_filter = nullptr;
     SortOrder m_order;

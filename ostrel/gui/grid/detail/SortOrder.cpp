@@ -7,6 +7,7 @@
 
 #include <ostrel/common/value/Value.h>
 #include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/MergeSort.h>
 
 namespace Ostrel::GUI::Detail
@@ -141,6 +142,10 @@ void SortOrder::ComputeKeys(CGridItem& item, IRowValues& values) const
     for (unsigned level = 0; level < m_count; ++level)
     {
         keys[level] = values.GetSortValue(item, m_levels[level].fieldId);
+    }
+    if (!ItemPool::IsLive(&item))
+    {
+        return; // the row is gone that was asked
     }
     item.m_sortTag = static_cast<std::uint8_t>(keys[0].GetType());
     item.m_sortPrefix = m_levels[0].descending ? ~PrefixOf(keys[0]) : PrefixOf(keys[0]);

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <ostrel/gui/grid/detail/GridCore.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/TypeAhead.h>
 #include <ostrel/gui/header/Column.h>
 #include <ostrel/platform/window/VirtualKeys.h>
@@ -56,7 +57,7 @@ bool TypeAhead::OnKeyDown(unsigned int key)
 bool TypeAhead::Matches(CGridItem const& item, long fieldId) const
 {
     std::string text = m_core.Cells().StlText(item, fieldId, nullptr);
-    if (IsNumber(m_core.Cells().Value(item, fieldId).GetType()))
+    if (ItemPool::IsLive(&item) && IsNumber(m_core.Cells().Value(item, fieldId).GetType()))
     {
         std::erase_if(text, [](char c) { return c == ' ' || c == '\t'; });
     }
@@ -73,17 +74,13 @@ CGridItem* TypeAhead::Find(bool startsAtFocus, long fieldId) const
         CGridItem* const below = m_core.Rows().Next(item, true);
         return below != nullptr || focused == nullptr ? below : m_core.Rows().FirstRow();
     };
-    CGridItem* const start = focused == nullptr ? m_core.Rows().FirstRow() : (startsAtFocus ? focused : next(focused));
-    CGridItem* item = start;
-    while (item != nullptr && !Matches(*item, fieldId))
+    CGridItem* item = focused == nullptr ? m_core.Rows().FirstRow() : (startsAtFocus ? focused : next(focused));
+    int rowsLeft = m_core.Fixed().RowCount() + m_core.Scrollable().RowCount();
+    for (; rowsLeft > 0 && item != nullptr && !Matches(*item, fieldId); --rowsLeft)
     {
-        item = next(item);
-        if (item == start)
-        {
-            return nullptr;
-        }
+        item = ItemPool::IsLive(item) ? next(item) : nullptr; // a getter may delete the row that it was asked for
     }
-    return item;
+    return rowsLeft > 0 && ItemPool::IsLive(item) ? item : nullptr;
 }
 
 void TypeAhead::GoTo(CGridItem& item)

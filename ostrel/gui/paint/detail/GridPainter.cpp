@@ -4,6 +4,7 @@
 #include <ostrel/gui/grid/Grid.h>
 #include <ostrel/gui/grid/Preferences.h>
 #include <ostrel/gui/grid/detail/GridItem.h>
+#include <ostrel/gui/grid/detail/ItemPool.h>
 #include <ostrel/gui/grid/detail/RowArea.h>
 #include <ostrel/gui/header/Header.h>
 #include <ostrel/gui/paint/BackgroundImage.h>
@@ -170,15 +171,16 @@ private:
         int row = firstRow + rowsAbove;
         y = top + rowsAbove * height;
         CGridItem* item = m_grid.GetItem(row, type);
-        CGridItem* previous = item != nullptr ? RowBefore(row, type) : nullptr;
+        bool isPreviousSelected = item != nullptr && IsSelected(RowBefore(row, type));
         for (; item != nullptr && y < clip.bottom; ++row, y += height)
         {
             CGridItem* const next = RowArea::NextVisible(*item);
             bool const isNextSelected =
                 IsSelected(next != nullptr || type == ScrollableContext ? next : m_grid.GetItem(0, ScrollableContext));
-            PaintLine(context, {type, row, item, IsSelected(previous), isNextSelected}, y, height);
-            previous = item;
-            item = next;
+            bool const isSelected = IsSelected(item);
+            PaintLine(context, {type, row, item, isPreviousSelected, isNextSelected}, y, height);
+            isPreviousSelected = isSelected;
+            item = ItemPool::IsLive(next) ? next : m_grid.GetItem(row + 1, type); // what was drawn may have deleted it
         }
         if (item != nullptr)
         {
