@@ -24,7 +24,7 @@ unsigned FromEnvironment(char const* name, unsigned otherwise)
 #if defined(__SANITIZE_THREAD__)
 constexpr unsigned kLongSequence = 10000; // with that sanitizer everything takes many times as long
 #else
-constexpr unsigned kLongSequence = 90000;
+constexpr unsigned kLongSequence = 100000;
 #endif
 constexpr unsigned kShortSequence = 4000; ///< of all seeds but the first
 
