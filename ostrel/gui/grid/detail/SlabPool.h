@@ -15,7 +15,12 @@
 #include <new>
 #include <vector>
 
+#if __has_include(<sanitizer/asan_interface.h>)
 #include <sanitizer/asan_interface.h>
+#else // a compiler that was installed without its sanitizers
+#define ASAN_POISON_MEMORY_REGION(address, size) (static_cast<void>(address), static_cast<void>(size))
+#define ASAN_UNPOISON_MEMORY_REGION(address, size) (static_cast<void>(address), static_cast<void>(size))
+#endif
 
 #include <ostrel/platform/base/LargePages.h>
 #include <ostrel/platform/base/ThreadAnnotations.h>
